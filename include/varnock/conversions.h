@@ -1,0 +1,50 @@
+// Conversions between Variant types, as an automation runtime performs them,
+// and the numeric and date tests that the value checks apply. All of them
+// follow one fixed regional rule, en-US (the register's "us_english"):
+//   numbers  "1,234.5", " -1e3 ", "+.5"  (blanks around, sign, "," thousands
+//            groups of three, "." decimals, exponent; nothing else)
+//   dates    "5/4/2000", "5/4/00", "2000-5-4", "2000/5/4", "May 4, 2000",
+//            "4 May 2000", "may 4 2000", with an optional time "13:45",
+//            "1:45:00 PM", "13:45:00PM", or "2000-05-04T13:45:00"; a time
+//            alone is a time on day 0. Two-digit years 00-29 are 20xx and
+//            30-99 are 19xx; years run from 100 to 9999; only real calendar
+//            dates and times (0-23 h, 0-59 min, 0-59 s) are accepted.
+// Every failure raises AutomationError: 94 for Null, 13 for a value that does
+// not convert, 6 for a number out of range. Stateless and thread-safe.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "varnock/variant.h"
+
+namespace varnock {
+
+// The ordinary text form: "True"/"False", plain decimal integers, doubles with
+// up to 15 significant digits ("1E-05", "1.5E+20"), dates as "5/4/2000 1:45:00
+// PM" (the date alone at midnight, the time alone on day 0). Empty gives "".
+std::string toText(const Variant& value);
+bool toBoolean(const Variant& value);
+double toNumber(const Variant& value);
+// Rounded half to even; outside the 32-bit range raises overflow (6).
+std::int32_t toLong(const Variant& value);
+Date toDate(const Variant& value);
+
+// The numeric test: numbers, booleans and Empty, or text that parseNumber
+// accepts in full. Never raises.
+bool isNumeric(const Variant& value);
+// The date test: dates, or text that parseDate accepts. Never raises.
+bool isDate(const Variant& value);
+
+// The parsers behind the tests and conversions; nullopt when the text is not
+// a number or a date under the rule above.
+std::optional<double> parseNumber(std::string_view text);
+std::optional<Date> parseDate(std::string_view text);
+
+// The text forms used by toText, exposed for the SQL and display layers.
+std::string formatDouble(double value);
+std::string formatDate(Date value);
+
+}  // namespace varnock

@@ -1,0 +1,24 @@
+// Where Varnock writes its event log entries. Every refused value and every
+// failed data method writes one error entry (type, category, identifier,
+// source and message). The back end is chosen by VARNOCK_EVENT_LOG when the
+// first entry is written, or at any time by setEventLog:
+//   "syslog"     the default: ident = the event source (syslog(3))
+//   "journal"    the systemd journal, one field per entry field
+//   "file:PATH"  JSON Lines appended to PATH, one object per entry
+//   "stderr"     JSON Lines on standard error
+// Thread-safe; the choice applies to the whole process.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace varnock {
+
+// Selects the back end. An unknown name raises AutomationError 5, and so
+// does "journal" in a build without the systemd journal.
+void setEventLog(std::string_view spec);
+
+// The back end in use, in the notation setEventLog takes.
+std::string currentEventLog();
+
+}  // namespace varnock

@@ -1,0 +1,72 @@
+// Record: what the eleven record classes (Country ... ZonePool) have in
+// common. A record object holds one row of its table as checked column
+// values, the connection string its database operations open (DSN), and the
+// text of its last error. Refused values are never raised: they set the last
+// error message and write an event log entry, and the column keeps its value.
+// One caller at a time; objects share nothing but constants.
+//
+//   varnock::User user;
+//   user.put_Authorized("maybe");   // refused: "Cannot convert this value to bit"
+//   user.GetLastErrorMessage();     // that message; user.get_Authorized() is still Null
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "varnock/variant.h"
+
+namespace varnock {
+
+namespace catalogue {
+struct Table;
+}
+class RecordState;
+
+class Record : public Object {
+ public:
+  // The connection string of every new object: SQL Server's OLE DB provider
+  // on the local Tolvane_Register, 183 characters.
+  static const std::string& defaultConnectionString();
+
+  Record(const Record&) = delete;
+  Record& operator=(const Record&) = delete;
+
+  // The connection string; assigned unchecked (the empty string included).
+  std::string get_DSN() const { return *dsn_; }
+  void put_DSN(std::string value);
+
+  // The table name without brackets ("GroupMember").
+  std::string GetTableName() const;
+
+  // The most recent refusal or failure; "" on a new object. A later success
+  // does not clear it; only a Null assigned to a column that allows Null does.
+  std::string GetLastErrorMessage() const { return lastError_; }
+
+  // Columns by position, in the table's column order. An out-of-range
+  // position raises AutomationError 5.
+  std::size_t columnCount() const noexcept { return values_.size(); }
+  Variant column(std::size_t position) const;
+  // Checks and stores a copy of the value, or refuses it (see above). Raises
+  // only when the event log entry of a refusal cannot be written.
+  void assign(std::size_t position, const Variant& value);
+
+  const catalogue::Table& table() const noexcept { return *table_; }
+  std::string_view typeName() const override;
+
+ protected:
+  // `tableName` must be one of the eleven tables of the register.
+  explicit Record(std::string_view tableName);
+
+ private:
+  friend class RecordState;
+
+  const catalogue::Table* table_;
+  std::shared_ptr<const std::string> dsn_;  // shared with other objects until replaced
+  std::string lastError_;
+  std::vector<Variant> values_;
+};
+
+}  // namespace varnock

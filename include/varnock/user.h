@@ -1,0 +1,83 @@
+// User: a record object over one row of the register's User table.
+// Generated from the table catalogue by tools/generate_classes.cpp; change the
+// catalogue or the generator, not this file.
+#pragma once
+
+#include "varnock/record.h"
+
+namespace varnock {
+
+class User final : public Record {
+ public:
+  User() : Record("User") {}
+
+  // UserName: nvarchar, Null refused.
+  Variant get_Username() const { return column(0); }
+  void put_Username(const Variant& value) { assign(0, value); }
+
+  // SiteType: nvarchar, Null allowed.
+  Variant get_SiteType() const { return column(1); }
+  void put_SiteType(const Variant& value) { assign(1, value); }
+
+  // Firstname: nvarchar, Null allowed.
+  Variant get_Firstname() const { return column(2); }
+  void put_Firstname(const Variant& value) { assign(2, value); }
+
+  // Lastname: nvarchar, Null refused.
+  Variant get_Lastname() const { return column(3); }
+  void put_Lastname(const Variant& value) { assign(3, value); }
+
+  // Country: nvarchar, Null refused.
+  Variant get_Country() const { return column(4); }
+  void put_Country(const Variant& value) { assign(4, value); }
+
+  // State: nvarchar, Null allowed.
+  Variant get_State() const { return column(5); }
+  void put_State(const Variant& value) { assign(5, value); }
+
+  // Password: nvarchar, Null refused.
+  Variant get_Password() const { return column(6); }
+  void put_Password(const Variant& value) { assign(6, value); }
+
+  // Email: nvarchar, Null refused.
+  Variant get_Email() const { return column(7); }
+  void put_Email(const Variant& value) { assign(7, value); }
+
+  // Pagetopic: nvarchar, Null allowed.
+  Variant get_Pagetopic() const { return column(8); }
+  void put_Pagetopic(const Variant& value) { assign(8, value); }
+
+  // Bio: nvarchar, Null allowed.
+  Variant get_Bio() const { return column(9); }
+  void put_Bio(const Variant& value) { assign(9, value); }
+
+  // Graphic: nvarchar, Null allowed.
+  Variant get_Graphic() const { return column(10); }
+  void put_Graphic(const Variant& value) { assign(10, value); }
+
+  // Link: nvarchar, Null allowed.
+  Variant get_Link() const { return column(11); }
+  void put_Link(const Variant& value) { assign(11, value); }
+
+  // DateCreated: smalldatetime, Null allowed.
+  Variant get_DateCreated() const { return column(12); }
+  void put_DateCreated(const Variant& value) { assign(12, value); }
+
+  // Authorized: bit, Null refused.
+  Variant get_Authorized() const { return column(13); }
+  void put_Authorized(const Variant& value) { assign(13, value); }
+
+  // AuthorisationDate: smalldatetime, Null allowed.
+  Variant get_AuthorisationDate() const { return column(14); }
+  void put_AuthorisationDate(const Variant& value) { assign(14, value); }
+
+  // AuthorisationMessage: ntext, Null allowed.
+  Variant get_AuthorisationMessage() const { return column(15); }
+  void put_AuthorisationMessage(const Variant& value) { assign(15, value); }
+
+  // REMOTE_ADDR: nvarchar, Null allowed.
+  Variant get_REMOTE_ADDR() const { return column(16); }
+  void put_REMOTE_ADDR(const Variant& value) { assign(16, value); }
+};
+
+}  // namespace varnock

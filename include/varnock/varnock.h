@@ -1,0 +1,21 @@
+// Varnock: the record classes of the user register Tolvane_Register.
+// Generated from the table catalogue by tools/generate_classes.cpp.
+#pragma once
+
+#include "varnock/automation_error.h"
+#include "varnock/conversions.h"
+#include "varnock/event_log.h"
+#include "varnock/record.h"
+#include "varnock/variant.h"
+
+#include "varnock/country.h"
+#include "varnock/error_log.h"
+#include "varnock/group_code.h"
+#include "varnock/group_member.h"
+#include "varnock/log_file.h"
+#include "varnock/parm.h"
+#include "varnock/state.h"
+#include "varnock/user.h"
+#include "varnock/zone.h"
+#include "varnock/zone_address.h"
+#include "varnock/zone_pool.h"

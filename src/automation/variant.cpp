@@ -1,0 +1,95 @@
+#include "varnock/variant.h"
+
+#include <cmath>
+
+#include "automation/calendar.h"
+#include "varnock/automation_error.h"
+
+namespace varnock {
+
+Currency Currency::fromDouble(double value) {
+  const double scaled = std::nearbyint(value * 10000.0);
+  if (!(scaled >= -9.2233720368547e18 && scaled <= 9.2233720368547e18)) {
+    throw AutomationError::runtime(AutomationError::kOverflow);
+  }
+  return Currency{static_cast<std::int64_t>(scaled)};
+}
+
+Date Date::fromCivil(const CivilDateTime& c) {
+  const std::int64_t day = calendar::dayNumber(c.year, c.month, c.day);
+  return Date{calendar::serialOf(day, c.hour * 3600 + c.minute * 60 + c.second)};
+}
+
+CivilDateTime Date::civil() const {
+  const double whole = std::trunc(serial);
+  auto day = static_cast<std::int64_t>(whole);
+  auto seconds = static_cast<int>(std::llround(std::fabs(serial - whole) * 86400.0));
+  if (seconds >= 86400) {  // rounding reached the next midnight
+    seconds -= 86400;
+    ++day;
+  }
+  const calendar::YearMonthDay ymd = calendar::fromDayNumber(day);
+  return {ymd.year, ymd.month, ymd.day, seconds / 3600, seconds / 60 % 60, seconds % 60};
+}
+
+Variant Variant::null() noexcept {
+  Variant v;
+  v.value_.emplace<kNull>();
+  return v;
+}
+
+Variant::Type Variant::type() const noexcept {
+  static constexpr Type kTypes[] = {Type::Empty,  Type::Null,   Type::Boolean,  Type::Integer,
+                                    Type::Long,   Type::Double, Type::Currency, Type::Date,
+                                    Type::String, Type::Object};
+  return kTypes[value_.index()];
+}
+
+bool Variant::isNumber() const noexcept {
+  switch (value_.index()) {
+    case kInteger:
+    case kLong:
+    case kDouble:
+    case kCurrency:
+      return true;
+    default:
+      return false;
+  }
+}
+
+namespace {
+
+template <class T, class Storage>
+const T& typed(const Storage& storage) {
+  if (const T* p = std::get_if<T>(&storage)) return *p;
+  throw AutomationError::runtime(AutomationError::kTypeMismatch);
+}
+
+}  // namespace
+
+bool Variant::asBoolean() const {
+  return typed<bool>(value_);
+}
+std::int16_t Variant::asInteger() const {
+  return typed<std::int16_t>(value_);
+}
+std::int32_t Variant::asLong() const {
+  return typed<std::int32_t>(value_);
+}
+double Variant::asDouble() const {
+  return typed<double>(value_);
+}
+Currency Variant::asCurrency() const {
+  return typed<Currency>(value_);
+}
+Date Variant::asDate() const {
+  return typed<Date>(value_);
+}
+const std::string& Variant::asString() const {
+  return typed<std::string>(value_);
+}
+const std::shared_ptr<Object>& Variant::asObject() const {
+  return typed<std::shared_ptr<Object>>(value_);
+}
+
+}  // namespace varnock

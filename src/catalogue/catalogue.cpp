@@ -1,0 +1,74 @@
+#include "catalogue/catalogue.h"
+
+#include "varnock/automation_error.h"
+
+#include "catalogue/completion.h"
+
+namespace varnock::catalogue {
+
+namespace {
+
+std::string lowerCase(std::string_view text) {
+  std::string folded(text);
+  for (char& c : folded) {
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  }
+  return folded;
+}
+
+}  // namespace
+
+std::string_view sqlTypeName(SqlType type) {
+  switch (type) {
+    case SqlType::Nvarchar:
+      return "nvarchar";
+    case SqlType::Ntext:
+      return "ntext";
+    case SqlType::Int:
+      return "int";
+    case SqlType::Bit:
+      return "bit";
+    case SqlType::Smalldatetime:
+      return "smalldatetime";
+  }
+  return {};
+}
+
+void complete(Table& t) {
+  t.progId = std::string(kLibraryName) + "." + std::string(t.name);
+  t.interfaceName = "_" + std::string(t.name);
+  // ErrorLog and LogFile have no navigation column, so their order is " DESC".
+  t.defaultOrder = std::string(t.navigationColumn) + " DESC";
+  for (const Column& c : t.columns) {
+    t.nameList.append(c.field);
+    t.nameList.push_back('\0');
+    t.matchNames.push_back(lowerCase(c.property));
+  }
+  t.members = buildMembers(t);
+}
+
+int Table::findColumn(std::string_view folded) const {
+  for (std::size_t i = 0; i < matchNames.size(); ++i) {
+    if (matchNames[i] == folded) return static_cast<int>(i);
+  }
+  return -1;
+}
+
+const Table* findTable(std::string_view name) {
+  for (const Table& t : tables()) {
+    if (t.name == name) return &t;
+  }
+  return nullptr;
+}
+
+const Table& table(std::string_view name) {
+  const Table* t = findTable(name);
+  if (t == nullptr) {
+    throw AutomationError(AutomationError::kInvalidProcedureCall,
+                          "No table of the register is named '" + std::string(name) + "'",
+                          AutomationError::kRuntimeSource);
+  }
+  return *t;
+}
+
+}  // namespace varnock::catalogue

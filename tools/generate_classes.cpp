@@ -1,0 +1,93 @@
+// Writes the public header of each record class from the table catalogue:
+// the class is naming only, so everything in it is derived from the catalogue.
+// Usage: generate_classes OUTPUT_DIR   (writes OUTPUT_DIR/<table>.h and varnock.h)
+#include <fstream>
+#include <iostream>
+#include <sstream>
+#include <string>
+
+#include "catalogue/catalogue.h"
+
+namespace {
+
+using varnock::catalogue::Table;
+
+// "ZoneAddress" -> "zone_address"
+std::string fileStem(std::string_view name) {
+  std::string stem;
+  for (std::size_t i = 0; i < name.size(); ++i) {
+    const char c = name[i];
+    if (c >= 'A' && c <= 'Z') {
+      if (i > 0) stem.push_back('_');
+      stem.push_back(static_cast<char>(c - 'A' + 'a'));
+    } else {
+      stem.push_back(c);
+    }
+  }
+  return stem;
+}
+
+std::string classHeader(const Table& t) {
+  std::ostringstream out;
+  out << "// " << t.name << ": a record object over one row of the register's " << t.name
+      << " table.\n"
+      << "// Generated from the table catalogue by tools/generate_classes.cpp; change the\n"
+      << "// catalogue or the generator, not this file.\n"
+      << "#pragma once\n\n"
+      << "#include \"varnock/record.h\"\n\n"
+      << "namespace varnock {\n\n"
+      << "class " << t.name << " final : public Record {\n"
+      << " public:\n"
+      << "  " << t.name << "() : Record(\"" << t.name << "\") {}\n";
+  for (std::size_t i = 0; i < t.columns.size(); ++i) {
+    const auto& c = t.columns[i];
+    out << "\n  // " << c.field << ": " << varnock::catalogue::sqlTypeName(c.type) << ", Null "
+        << (c.nullRefused ? "refused" : "allowed") << ".\n"
+        << "  Variant get_" << c.property << "() const { return column(" << i << "); }\n"
+        << "  void put_" << c.property << "(const Variant& value) { assign(" << i
+        << ", value); }\n";
+  }
+  out << "};\n\n}  // namespace varnock\n";
+  return out.str();
+}
+
+std::string umbrellaHeader() {
+  std::ostringstream out;
+  out << "// Varnock: the record classes of the user register Tolvane_Register.\n"
+      << "// Generated from the table catalogue by tools/generate_classes.cpp.\n"
+      << "#pragma once\n\n"
+      << "#include \"varnock/automation_error.h\"\n"
+      << "#include \"varnock/conversions.h\"\n"
+      << "#include \"varnock/event_log.h\"\n"
+      << "#include \"varnock/record.h\"\n"
+      << "#include \"varnock/variant.h\"\n\n";
+  for (const Table& t : varnock::catalogue::tables()) {
+    out << "#include \"varnock/" << fileStem(t.name) << ".h\"\n";
+  }
+  return out.str();
+}
+
+bool writeFile(const std::string& path, const std::string& text) {
+  std::ofstream file(path, std::ios::binary);
+  file << text;
+  return static_cast<bool>(file);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::cerr << "usage: generate_classes OUTPUT_DIR\n";
+    return 2;
+  }
+  const std::string dir = argv[1];
+  bool ok = writeFile(dir + "/varnock.h", umbrellaHeader());
+  for (const Table& t : varnock::catalogue::tables()) {
+    ok = writeFile(dir + "/" + fileStem(t.name) + ".h", classHeader(t)) && ok;
+  }
+  if (!ok) {
+    std::cerr << "generate_classes: cannot write to " << dir << "\n";
+    return 1;
+  }
+  return 0;
+}
