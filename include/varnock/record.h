@@ -28,7 +28,8 @@ class RecordState;
 class Record : public Object {
  public:
   // The connection string of every new object: SQL Server's OLE DB provider
-  // on the local Tolvane_Register, 183 characters.
+  // on the local Tolvane_Register, ending in four blanks, the login "sa"
+  // and twelve blanks, which are kept as they stand.
   static const std::string& defaultConnectionString();
 
   Record(const Record&) = delete;

@@ -1,0 +1,15 @@
+# Runs the class generator into OUTPUT and compares each file with EXPECTED.
+file(REMOVE_RECURSE "${OUTPUT}")
+file(MAKE_DIRECTORY "${OUTPUT}")
+execute_process(COMMAND "${GENERATOR}" "${OUTPUT}" RESULT_VARIABLE status)
+if(NOT status EQUAL 0)
+  message(FATAL_ERROR "generate_classes failed: ${status}")
+endif()
+file(GLOB generated RELATIVE "${OUTPUT}" "${OUTPUT}/*.h")
+foreach(name IN LISTS generated)
+  execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files "${OUTPUT}/${name}" "${EXPECTED}/${name}"
+                  RESULT_VARIABLE differs)
+  if(differs)
+    message(FATAL_ERROR "include/varnock/${name} is stale: run generate_classes include/varnock")
+  endif()
+endforeach()
