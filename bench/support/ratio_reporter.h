@@ -1,0 +1,80 @@
+// Benchmark support: a console reporter that, after the runs, prints each
+// measured case as a ratio against its baseline from the same run, and the
+// target it is held to. Usage in a benchmark program's main:
+//   RatioReporter reporter({{"BM_Assign", "BM_Store", 1.5, "under 1.5x"}});
+//   benchmark::RunSpecifiedBenchmarks(&reporter); reporter.printRatios();
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace varnock::bench {
+
+struct Comparison {
+  std::string measured;
+  std::string baseline;
+  double targetRatio;  // the measured case may take at most this many times the baseline
+  std::string note;
+  double maxNanoseconds = 0;  // an absolute bound as well, when not 0
+};
+
+class RatioReporter : public benchmark::ConsoleReporter {
+ public:
+  explicit RatioReporter(std::vector<Comparison> comparisons)
+      : comparisons_(std::move(comparisons)) {}
+
+  void ReportRuns(const std::vector<Run>& runs) override {
+    for (const Run& run : runs) {
+      if (run.run_type == Run::RT_Iteration) {
+        nanoseconds_[run.benchmark_name()] = run.GetAdjustedRealTime();
+        for (const auto& [name, counter] : run.counters) {
+          counters_[run.benchmark_name() + ":" + name] = counter.value;
+        }
+      }
+    }
+    ConsoleReporter::ReportRuns(runs);
+  }
+
+  double nanoseconds(const std::string& name) const {
+    auto it = nanoseconds_.find(name);
+    return it == nanoseconds_.end() ? -1.0 : it->second;
+  }
+  double counter(const std::string& name, const std::string& counter) const {
+    auto it = counters_.find(name + ":" + counter);
+    return it == counters_.end() ? -1.0 : it->second;
+  }
+
+  // Prints one line per comparison; returns how many missed their target.
+  int printRatios() const {
+    int missed = 0;
+    std::printf("\n%-34s %-30s %9s %8s  %s\n", "measured", "baseline", "ratio", "target", "");
+    for (const Comparison& c : comparisons_) {
+      const double measured = nanoseconds(c.measured);
+      const double baseline = nanoseconds(c.baseline);
+      if (measured < 0 || baseline <= 0) continue;  // filtered out of this run
+      const double ratio = measured / baseline;
+      const bool met =
+          ratio <= c.targetRatio && (c.maxNanoseconds == 0 || measured <= c.maxNanoseconds);
+      missed += met ? 0 : 1;
+      std::printf("%-34s %-30s %8.2fx %7.2fx  %s %.1f ns%s %s\n", c.measured.c_str(),
+                  c.baseline.c_str(), ratio, c.targetRatio, met ? "met" : "MISSED", measured,
+                  c.maxNanoseconds == 0
+                      ? ""
+                      : (" (at most " + std::to_string(static_cast<int>(c.maxNanoseconds)) + " ns)")
+                            .c_str(),
+                  c.note.c_str());
+    }
+    return missed;
+  }
+
+ private:
+  std::vector<Comparison> comparisons_;
+  std::map<std::string, double> nanoseconds_;
+  std::map<std::string, double> counters_;
+};
+
+}  // namespace varnock::bench
