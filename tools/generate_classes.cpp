@@ -1,6 +1,8 @@
 // Writes the public header of each record class from the table catalogue:
 // the class is naming only, so everything in it is derived from the catalogue.
-// Usage: generate_classes OUTPUT_DIR   (writes OUTPUT_DIR/<table>.h and varnock.h)
+// Usage: generate_classes INCLUDE_DIR SOURCE_DIR
+//   writes INCLUDE_DIR/<table>.h and INCLUDE_DIR/varnock.h, and
+//   SOURCE_DIR/new_record.cpp, the factory that makes objects by table name.
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -57,13 +59,30 @@ std::string umbrellaHeader() {
       << "// Generated from the table catalogue by tools/generate_classes.cpp.\n"
       << "#pragma once\n\n"
       << "#include \"varnock/automation_error.h\"\n"
+      << "#include \"varnock/collection.h\"\n"
       << "#include \"varnock/conversions.h\"\n"
+      << "#include \"varnock/dictionary.h\"\n"
       << "#include \"varnock/event_log.h\"\n"
       << "#include \"varnock/record.h\"\n"
       << "#include \"varnock/variant.h\"\n\n";
   for (const Table& t : varnock::catalogue::tables()) {
     out << "#include \"varnock/" << fileStem(t.name) << ".h\"\n";
   }
+  return out.str();
+}
+
+std::string factorySource() {
+  std::ostringstream out;
+  out << "// Generated from the table catalogue by tools/generate_classes.cpp.\n"
+      << "#include \"record/new_record.h\"\n"
+      << "#include \"varnock/varnock.h\"\n\n"
+      << "namespace varnock {\n\n"
+      << "std::shared_ptr<Record> newRecord(std::string_view tableName) {\n";
+  for (const Table& t : varnock::catalogue::tables()) {
+    out << "  if (tableName == \"" << t.name << "\") return std::make_shared<" << t.name
+        << ">();\n";
+  }
+  out << "  return nullptr;\n}\n\n}  // namespace varnock\n";
   return out.str();
 }
 
@@ -76,17 +95,18 @@ bool writeFile(const std::string& path, const std::string& text) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::cerr << "usage: generate_classes OUTPUT_DIR\n";
+  if (argc != 3) {
+    std::cerr << "usage: generate_classes INCLUDE_DIR SOURCE_DIR\n";
     return 2;
   }
   const std::string dir = argv[1];
   bool ok = writeFile(dir + "/varnock.h", umbrellaHeader());
+  ok = writeFile(std::string(argv[2]) + "/new_record.cpp", factorySource()) && ok;
   for (const Table& t : varnock::catalogue::tables()) {
     ok = writeFile(dir + "/" + fileStem(t.name) + ".h", classHeader(t)) && ok;
   }
   if (!ok) {
-    std::cerr << "generate_classes: cannot write to " << dir << "\n";
+    std::cerr << "generate_classes: cannot write to " << dir << " or " << argv[2] << "\n";
     return 1;
   }
   return 0;

@@ -16,6 +16,7 @@
 #include <string_view>
 #include <vector>
 
+#include "varnock/dictionary.h"
 #include "varnock/variant.h"
 
 namespace varnock {
@@ -45,6 +46,21 @@ class Record : public Object {
   // The most recent refusal or failure; "" on a new object. A later success
   // does not clear it; only a Null assigned to a column that allows Null does.
   std::string GetLastErrorMessage() const { return lastError_; }
+
+  // Columns by name, for code that does not know the class. Names are the
+  // field names ("UserName"); they match without regard to case except where
+  // blnCaseSensitive asks for an exact match.
+  bool IsDataProperty(std::string_view strPropertyName, bool blnCaseSensitive = false) const;
+  // The column's value, or Empty (with a message and event 17) for an unknown name.
+  Variant GetDataProperty(std::string_view strPropertyName);
+  // Clears the last error message, then assigns through the column's checks;
+  // true if the value was stored. Run-time errors are trapped and reported.
+  bool SetDataProperty(std::string_view strPropertyName, const Variant& varPropertyValue);
+  // A new dictionary of every column: field name -> value, in column order.
+  std::shared_ptr<Dictionary> GetDictionary() const;
+  // Assigns each entry of a KeyedContainer through SetDataProperty, in the
+  // container's order, stopping at the first refusal; true if all were stored.
+  bool SetDictionary(const Variant& varDict);
 
   // Columns by position, in the table's column order. An out-of-range
   // position raises AutomationError 5.

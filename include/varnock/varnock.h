@@ -3,7 +3,9 @@
 #pragma once
 
 #include "varnock/automation_error.h"
+#include "varnock/collection.h"
 #include "varnock/conversions.h"
+#include "varnock/dictionary.h"
 #include "varnock/event_log.h"
 #include "varnock/record.h"
 #include "varnock/variant.h"

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "automation/text_case.h"
 #include "varnock/automation_error.h"
 
 namespace varnock {
@@ -31,15 +32,6 @@ std::string formatCurrency(Currency value) {
                             digits, fraction);
   }
   return std::string(text, static_cast<std::size_t>(length));
-}
-
-bool equalsIgnoringCase(std::string_view a, std::string_view b) {
-  if (a.size() != b.size()) return false;
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    const char x = a[i] >= 'A' && a[i] <= 'Z' ? static_cast<char>(a[i] + 32) : a[i];
-    if (x != b[i]) return false;
-  }
-  return true;
 }
 
 std::string_view trimBlanks(std::string_view s) {

@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "automation/calendar.h"
+#include "automation/text_case.h"
 #include "varnock/conversions.h"
 
 namespace varnock {
@@ -27,9 +28,6 @@ struct Tokens {
   std::size_t count = 0;
 };
 
-char lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 bool isAlpha(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
@@ -45,7 +43,7 @@ int wordValue(std::string_view word) {
   if (word.size() > 9) return 0;
   char folded[9];
   for (std::size_t i = 0; i < word.size(); ++i)
-    folded[i] = lower(word[i]);
+    folded[i] = lowerCaseOf(word[i]);
   const std::string_view w(folded, word.size());
   if (w == "am") return kAm;
   if (w == "pm") return kPm;
@@ -78,7 +76,7 @@ bool tokenize(std::string_view s, Tokens& out) {
       while (i < s.size() && isAlpha(s[i]))
         ++i;
       const std::string_view word = s.substr(start, i - start);
-      if (word.size() == 1 && lower(word[0]) == 't') {
+      if (word.size() == 1 && lowerCaseOf(word[0]) == 't') {
         t = {Token::Mark, 'T', 0, 0};
       } else {
         const int value = wordValue(word);

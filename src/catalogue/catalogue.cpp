@@ -1,22 +1,10 @@
 #include "catalogue/catalogue.h"
 
+#include "automation/text_case.h"
+#include "catalogue/completion.h"
 #include "varnock/automation_error.h"
 
-#include "catalogue/completion.h"
-
 namespace varnock::catalogue {
-
-namespace {
-
-std::string lowerCase(std::string_view text) {
-  std::string folded(text);
-  for (char& c : folded) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
-  return folded;
-}
-
-}  // namespace
 
 std::string_view sqlTypeName(SqlType type) {
   switch (type) {

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "automation/text_case.h"
 #include "eventLog/event_log.h"
 #include "varnock/automation_error.h"
 #include "varnock/conversions.h"
@@ -31,17 +32,6 @@ constexpr KnownType kKnownTypes[] = {
     {"nvarchar", Text},    {"ntext", Text},
 };
 
-char lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-std::string folded(std::string_view text) {
-  std::string out(text);
-  for (char& c : out)
-    c = lower(c);
-  return out;
-}
-
 // InStr from position 1: 1-based position of the first occurrence, 0 when
 // absent or when the text is empty.
 std::size_t inStr(const std::string& text, const std::string& search) {
@@ -54,7 +44,7 @@ std::size_t inStr(const std::string& text, const std::string& search) {
 
 TypeClass classify(std::string_view sqlTypeName) {
   if (sqlTypeName.size() > 16) return Unknown;  // longer than any known name
-  const std::string name = folded(sqlTypeName);
+  const std::string name = lowerCase(sqlTypeName);
   for (const KnownType& known : kKnownTypes) {
     if (known.name == name) return known.typeClass;
   }
@@ -116,9 +106,9 @@ std::int32_t FindItem(const Variant& list, const Variant& item, const Variant& d
     std::string needle = toText(item);
     std::string separator = toText(delimiter);
     if (mode == 1) {
-      haystack = folded(haystack);
-      needle = folded(needle);
-      separator = folded(separator);
+      haystack = lowerCase(haystack);
+      needle = lowerCase(needle);
+      separator = lowerCase(separator);
     }
     if (const std::size_t p = inStr(haystack, separator + needle + separator); p > 0) {
       return static_cast<std::int32_t>(p);

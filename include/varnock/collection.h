@@ -1,0 +1,33 @@
+// Collection: the ordered, keyless, one-based collection that the listing
+// methods return, each item usually a new record object. One owner at a time.
+//
+//   for (const varnock::Variant& item : *collection) { ... }
+//   collection->Item(1);   // the first item; 0 or past the end raises error 9
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "varnock/variant.h"
+
+namespace varnock {
+
+class Collection final : public Object {
+ public:
+  std::string_view typeName() const override { return "Collection"; }
+
+  void Add(Variant item) { items_.push_back(std::move(item)); }
+  // Items count from 1; an index outside 1..Count() raises AutomationError 9.
+  const Variant& Item(std::int32_t index) const;
+  std::int32_t Count() const noexcept { return static_cast<std::int32_t>(items_.size()); }
+  void reserve(std::size_t count) { items_.reserve(count); }
+
+  std::vector<Variant>::const_iterator begin() const noexcept { return items_.begin(); }
+  std::vector<Variant>::const_iterator end() const noexcept { return items_.end(); }
+
+ private:
+  std::vector<Variant> items_;
+};
+
+}  // namespace varnock

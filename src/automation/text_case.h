@@ -1,0 +1,29 @@
+// Letter case as the register compares names and keywords: ASCII letters
+// only, as the en-US rule and SQL Server's default collation fold them.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace varnock {
+
+constexpr char lowerCaseOf(char c) noexcept {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+inline std::string lowerCase(std::string_view text) {
+  std::string folded(text);
+  for (char& c : folded)
+    c = lowerCaseOf(c);
+  return folded;
+}
+
+constexpr bool equalsIgnoringCase(std::string_view a, std::string_view b) noexcept {
+  if (a.size() != b.size()) return false;
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    if (lowerCaseOf(a[i]) != lowerCaseOf(b[i])) return false;
+  }
+  return true;
+}
+
+}  // namespace varnock

@@ -1,0 +1,57 @@
+// Object creation by ProgID or class identifier, and the member tables that
+// script hosts list.
+#include "automation/text_case.h"
+#include "catalogue/catalogue.h"
+#include "record/new_record.h"
+#include "varnock/automation_error.h"
+#include "varnock/host.h"
+
+namespace varnock {
+
+namespace {
+
+// The table whose ProgID, class identifier or (for member listings) name is given.
+const catalogue::Table& classNamed(std::string_view name, bool acceptTableName) {
+  for (const catalogue::Table& t : catalogue::tables()) {
+    if (equalsIgnoringCase(name, t.progId) || equalsIgnoringCase(name, t.classId) ||
+        (acceptTableName && equalsIgnoringCase(name, t.name))) {
+      return t;
+    }
+  }
+  throw AutomationError(kCannotCreateObject,
+                        "ActiveX component can't create object: no class of " +
+                            std::string(catalogue::kLibraryName) + " is named '" +
+                            std::string(name) + "'",
+                        AutomationError::kRuntimeSource);
+}
+
+const char* kindName(catalogue::InvokeKind kind) {
+  switch (kind) {
+    case catalogue::InvokeKind::Method:
+      return "method";
+    case catalogue::InvokeKind::PropertyGet:
+      return "propget";
+    case catalogue::InvokeKind::PropertyPut:
+      return "propput";
+  }
+  return "";
+}
+
+}  // namespace
+
+std::shared_ptr<Record> CreateObject(std::string_view progIdOrClassId) {
+  return newRecord(classNamed(progIdOrClassId, false).name);
+}
+
+std::vector<MemberDescription> members(std::string_view className) {
+  std::vector<MemberDescription> described;
+  for (const catalogue::Member& m : classNamed(className, true).members) {
+    MemberDescription d{m.name, m.dispatchId, kindName(m.kind), {}};
+    for (const catalogue::Argument& a : m.arguments)
+      d.argumentNames.emplace_back(a.name);
+    described.push_back(std::move(d));
+  }
+  return described;
+}
+
+}  // namespace varnock

@@ -1,0 +1,106 @@
+// Late-bound calls: name look-up and Invoke over the catalogue's member
+// tables. Each member's behaviour is chosen by its role, once for all classes.
+#include "automation/text_case.h"
+#include "catalogue/catalogue.h"
+#include "host/arguments.h"
+#include "host/dispatch_table.h"
+#include "varnock/automation_error.h"
+#include "varnock/host.h"
+
+namespace varnock {
+
+namespace {
+
+using catalogue::InvokeKind;
+using catalogue::Member;
+using catalogue::MemberRole;
+using host::BoundArguments;
+
+[[noreturn]] void unknownName(std::string_view name) {
+  throw AutomationError(kUnknownName, "Unknown name: " + std::string(name),
+                        AutomationError::kRuntimeSource);
+}
+
+[[noreturn]] void notImplementedYet(const Member& member) {
+  throw AutomationError(kNotImplemented, member.name + " is not implemented yet",
+                        AutomationError::kRuntimeSource);
+}
+
+Variant call(Record& object, const Member& member, BoundArguments& arguments) {
+  auto& a = arguments.values;
+  const bool put = member.kind == InvokeKind::PropertyPut;
+  switch (member.role) {
+    case MemberRole::Dsn:
+      if (put) {
+        object.put_DSN(a[0].asString());
+        return {};
+      }
+      return Variant(object.get_DSN());
+    case MemberRole::GetTableName:
+      return Variant(object.GetTableName());
+    case MemberRole::ColumnProperty:
+      if (put) {
+        object.assign(member.index, a[0]);
+        return {};
+      }
+      return object.column(member.index);
+    case MemberRole::GetLastErrorMessage:
+      return Variant(object.GetLastErrorMessage());
+    case MemberRole::IsDataProperty:
+      return Variant(object.IsDataProperty(a[0].asString(), a[1].asBoolean()));
+    case MemberRole::GetDataProperty:
+      return object.GetDataProperty(a[0].asString());
+    case MemberRole::SetDataProperty:
+      return Variant(object.SetDataProperty(a[0].asString(), a[1]));
+    case MemberRole::GetDictionary:
+      return Variant(object.GetDictionary());
+    case MemberRole::SetDictionary:
+      return Variant(object.SetDictionary(a[0]));
+    default:
+      notImplementedYet(member);
+  }
+}
+
+}  // namespace
+
+std::vector<std::int32_t> GetIDsOfNames(const Record& object,
+                                        const std::vector<std::string_view>& names) {
+  std::vector<std::int32_t> ids;
+  if (names.empty()) return ids;
+  const Member* found = nullptr;
+  for (const Member& m : object.table().members) {
+    if (equalsIgnoringCase(m.name, names[0])) {
+      found = &m;
+      break;
+    }
+  }
+  if (found == nullptr) unknownName(names[0]);
+  ids.push_back(found->dispatchId);
+  for (std::size_t n = 1; n < names.size(); ++n) {
+    std::int32_t position = -1;
+    for (std::size_t i = 0; i < found->arguments.size(); ++i) {
+      if (equalsIgnoringCase(found->arguments[i].name, names[n])) {
+        position = static_cast<std::int32_t>(i);
+        break;
+      }
+    }
+    if (position < 0) unknownName(names[n]);
+    ids.push_back(position);
+  }
+  return ids;
+}
+
+Variant Invoke(Record& object, std::int32_t dispatchId, std::uint16_t kind,
+               DispatchArguments& arguments) {
+  const Member* member = host::findMember(object.table(), dispatchId, kind);
+  if (member == nullptr) {
+    throw AutomationError(kMemberNotFound, "Member not found", AutomationError::kRuntimeSource);
+  }
+  BoundArguments bound;
+  host::bindArguments(*member, arguments, bound);
+  Variant result = call(object, *member, bound);
+  host::writeBack(*member, bound, arguments);
+  return result;
+}
+
+}  // namespace varnock
