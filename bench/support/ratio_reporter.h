@@ -19,7 +19,8 @@ struct Comparison {
   std::string baseline;
   double targetRatio;  // the measured case may take at most this many times the baseline
   std::string note;
-  double maxNanoseconds = 0;  // an absolute bound as well, when not 0
+  double maxNanoseconds = 0;       // an absolute bound as well, when not 0
+  double maxAddedNanoseconds = 0;  // a bound on measured - baseline, when not 0
 };
 
 class RatioReporter : public benchmark::ConsoleReporter {
@@ -57,21 +58,30 @@ class RatioReporter : public benchmark::ConsoleReporter {
       const double baseline = nanoseconds(c.baseline);
       if (measured < 0 || baseline <= 0) continue;  // filtered out of this run
       const double ratio = measured / baseline;
-      const bool met =
-          ratio <= c.targetRatio && (c.maxNanoseconds == 0 || measured <= c.maxNanoseconds);
+      const bool met = ratio <= c.targetRatio &&
+                       (c.maxNanoseconds == 0 || measured <= c.maxNanoseconds) &&
+                       (c.maxAddedNanoseconds == 0 || measured - baseline <= c.maxAddedNanoseconds);
       missed += met ? 0 : 1;
       std::printf("%-34s %-30s %8.2fx %7.2fx  %s %.1f ns%s %s\n", c.measured.c_str(),
                   c.baseline.c_str(), ratio, c.targetRatio, met ? "met" : "MISSED", measured,
-                  c.maxNanoseconds == 0
-                      ? ""
-                      : (" (at most " + std::to_string(static_cast<int>(c.maxNanoseconds)) + " ns)")
-                            .c_str(),
-                  c.note.c_str());
+                  bounds(c, measured - baseline).c_str(), c.note.c_str());
     }
     return missed;
   }
 
  private:
+  static std::string bounds(const Comparison& c, double added) {
+    std::string text;
+    if (c.maxNanoseconds != 0) {
+      text += " (at most " + std::to_string(static_cast<int>(c.maxNanoseconds)) + " ns)";
+    }
+    if (c.maxAddedNanoseconds != 0) {
+      text += " (adds " + std::to_string(static_cast<int>(added)) + " ns, at most " +
+              std::to_string(static_cast<int>(c.maxAddedNanoseconds)) + ")";
+    }
+    return text;
+  }
+
   std::vector<Comparison> comparisons_;
   std::map<std::string, double> nanoseconds_;
   std::map<std::string, double> counters_;
