@@ -29,6 +29,54 @@ std::string fileStem(std::string_view name) {
   return stem;
 }
 
+using varnock::catalogue::Member;
+using varnock::catalogue::MemberRole;
+
+constexpr const char* kClauses =
+    "std::string_view strWhereClause = {}, std::string_view strOrderClause = {}";
+
+// The class's own name for a generic operation, with the arguments it takes.
+void writeMethod(std::ostringstream& out, const Member& m) {
+  switch (m.role) {
+    case MemberRole::Get:
+      out << "  bool " << m.name << "(" << kClauses << ") {\n"
+          << "    return lookUp(strWhereClause, strOrderClause);\n  }\n";
+      break;
+    case MemberRole::GetFirst:
+      out << "  bool " << m.name << "(" << kClauses << ") {\n"
+          << "    return loadFirst(strWhereClause, strOrderClause);\n  }\n";
+      break;
+    case MemberRole::GetLast:
+      out << "  // Reverses strOrderClause in place, so the caller sees the order used.\n"
+          << "  bool " << m.name
+          << "(std::string_view strWhereClause, std::string& strOrderClause) {\n"
+          << "    return loadLast(strWhereClause, strOrderClause);\n  }\n"
+          << "  bool " << m.name << "(" << kClauses << ") {\n"
+          << "    std::string order(strOrderClause);\n"
+          << "    return loadLast(strWhereClause, order);\n  }\n";
+      break;
+    case MemberRole::GetNext:
+    case MemberRole::GetPrevious:
+      out << "  bool " << m.name << "(std::int32_t lngOffset, " << kClauses << ") {\n"
+          << "    return " << (m.role == MemberRole::GetNext ? "loadNext" : "loadPrevious")
+          << "(lngOffset, strWhereClause, strOrderClause);\n  }\n";
+      break;
+    case MemberRole::GetEvery:
+      out << "  std::shared_ptr<Collection> " << m.name << "(" << kClauses
+          << ", const Variant& lngOffset = Variant(1), const Variant& lngNumRecords = Variant(0)) "
+             "{\n"
+          << "    return listEvery(strWhereClause, strOrderClause, lngOffset, lngNumRecords);\n"
+          << "  }\n";
+      break;
+    case MemberRole::CountEvery:
+      out << "  std::int32_t " << m.name << "(std::string_view strWhereClause = {}) {\n"
+          << "    return countEvery(strWhereClause);\n  }\n";
+      break;
+    default:
+      return;  // properties and the members every class shares come from Record
+  }
+}
+
 std::string classHeader(const Table& t) {
   std::ostringstream out;
   out << "// " << t.name << ": a record object over one row of the register's " << t.name
@@ -36,6 +84,10 @@ std::string classHeader(const Table& t) {
       << "// Generated from the table catalogue by tools/generate_classes.cpp; change the\n"
       << "// catalogue or the generator, not this file.\n"
       << "#pragma once\n\n"
+      << "#include <cstdint>\n"
+      << "#include <memory>\n"
+      << "#include <string>\n"
+      << "#include <string_view>\n\n"
       << "#include \"varnock/record.h\"\n\n"
       << "namespace varnock {\n\n"
       << "class " << t.name << " final : public Record {\n"
@@ -49,6 +101,9 @@ std::string classHeader(const Table& t) {
         << "  void put_" << c.property << "(const Variant& value) { assign(" << i
         << ", value); }\n";
   }
+  out << "\n";
+  for (const Member& m : t.members)
+    writeMethod(out, m);
   out << "};\n\n}  // namespace varnock\n";
   return out.str();
 }

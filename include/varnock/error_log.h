@@ -3,6 +3,11 @@
 // catalogue or the generator, not this file.
 #pragma once
 
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
 #include "varnock/record.h"
 
 namespace varnock {
@@ -30,6 +35,39 @@ class ErrorLog final : public Record {
   // Message: nvarchar, Null allowed.
   Variant get_Message() const { return column(4); }
   void put_Message(const Variant& value) { assign(4, value); }
+
+  bool GetErrorLog(std::string_view strWhereClause = {}, std::string_view strOrderClause = {}) {
+    return lookUp(strWhereClause, strOrderClause);
+  }
+  bool GetFirstErrorLog(std::string_view strWhereClause = {},
+                        std::string_view strOrderClause = {}) {
+    return loadFirst(strWhereClause, strOrderClause);
+  }
+  // Reverses strOrderClause in place, so the caller sees the order used.
+  bool GetLastErrorLog(std::string_view strWhereClause, std::string& strOrderClause) {
+    return loadLast(strWhereClause, strOrderClause);
+  }
+  bool GetLastErrorLog(std::string_view strWhereClause = {}, std::string_view strOrderClause = {}) {
+    std::string order(strOrderClause);
+    return loadLast(strWhereClause, order);
+  }
+  bool GetNextErrorLog(std::int32_t lngOffset, std::string_view strWhereClause = {},
+                       std::string_view strOrderClause = {}) {
+    return loadNext(lngOffset, strWhereClause, strOrderClause);
+  }
+  bool GetPreviousErrorLog(std::int32_t lngOffset, std::string_view strWhereClause = {},
+                           std::string_view strOrderClause = {}) {
+    return loadPrevious(lngOffset, strWhereClause, strOrderClause);
+  }
+  std::shared_ptr<Collection> GetEveryErrorLog(std::string_view strWhereClause = {},
+                                               std::string_view strOrderClause = {},
+                                               const Variant& lngOffset = Variant(1),
+                                               const Variant& lngNumRecords = Variant(0)) {
+    return listEvery(strWhereClause, strOrderClause, lngOffset, lngNumRecords);
+  }
+  std::int32_t CountEveryErrorLog(std::string_view strWhereClause = {}) {
+    return countEvery(strWhereClause);
+  }
 };
 
 }  // namespace varnock

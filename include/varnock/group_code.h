@@ -3,6 +3,11 @@
 // catalogue or the generator, not this file.
 #pragma once
 
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
 #include "varnock/record.h"
 
 namespace varnock {
@@ -22,6 +27,40 @@ class GroupCode final : public Record {
   // Comment: ntext, Null allowed.
   Variant get_Comment() const { return column(2); }
   void put_Comment(const Variant& value) { assign(2, value); }
+
+  bool GetGroupCode(std::string_view strWhereClause = {}, std::string_view strOrderClause = {}) {
+    return lookUp(strWhereClause, strOrderClause);
+  }
+  bool GetFirstGroupCode(std::string_view strWhereClause = {},
+                         std::string_view strOrderClause = {}) {
+    return loadFirst(strWhereClause, strOrderClause);
+  }
+  // Reverses strOrderClause in place, so the caller sees the order used.
+  bool GetLastGroupCode(std::string_view strWhereClause, std::string& strOrderClause) {
+    return loadLast(strWhereClause, strOrderClause);
+  }
+  bool GetLastGroupCode(std::string_view strWhereClause = {},
+                        std::string_view strOrderClause = {}) {
+    std::string order(strOrderClause);
+    return loadLast(strWhereClause, order);
+  }
+  bool GetNextGroupCode(std::int32_t lngOffset, std::string_view strWhereClause = {},
+                        std::string_view strOrderClause = {}) {
+    return loadNext(lngOffset, strWhereClause, strOrderClause);
+  }
+  bool GetPreviousGroupCode(std::int32_t lngOffset, std::string_view strWhereClause = {},
+                            std::string_view strOrderClause = {}) {
+    return loadPrevious(lngOffset, strWhereClause, strOrderClause);
+  }
+  std::shared_ptr<Collection> GetEveryGroupCode(std::string_view strWhereClause = {},
+                                                std::string_view strOrderClause = {},
+                                                const Variant& lngOffset = Variant(1),
+                                                const Variant& lngNumRecords = Variant(0)) {
+    return listEvery(strWhereClause, strOrderClause, lngOffset, lngNumRecords);
+  }
+  std::int32_t CountEveryGroupCode(std::string_view strWhereClause = {}) {
+    return countEvery(strWhereClause);
+  }
 };
 
 }  // namespace varnock

@@ -3,6 +3,11 @@
 // catalogue or the generator, not this file.
 #pragma once
 
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
 #include "varnock/record.h"
 
 namespace varnock {
@@ -18,6 +23,40 @@ class GroupMember final : public Record {
   // UserName: nvarchar, Null refused.
   Variant get_Username() const { return column(1); }
   void put_Username(const Variant& value) { assign(1, value); }
+
+  bool GetGroupMember(std::string_view strWhereClause = {}, std::string_view strOrderClause = {}) {
+    return lookUp(strWhereClause, strOrderClause);
+  }
+  bool GetFirstGroupMember(std::string_view strWhereClause = {},
+                           std::string_view strOrderClause = {}) {
+    return loadFirst(strWhereClause, strOrderClause);
+  }
+  // Reverses strOrderClause in place, so the caller sees the order used.
+  bool GetLastGroupMember(std::string_view strWhereClause, std::string& strOrderClause) {
+    return loadLast(strWhereClause, strOrderClause);
+  }
+  bool GetLastGroupMember(std::string_view strWhereClause = {},
+                          std::string_view strOrderClause = {}) {
+    std::string order(strOrderClause);
+    return loadLast(strWhereClause, order);
+  }
+  bool GetNextGroupMember(std::int32_t lngOffset, std::string_view strWhereClause = {},
+                          std::string_view strOrderClause = {}) {
+    return loadNext(lngOffset, strWhereClause, strOrderClause);
+  }
+  bool GetPreviousGroupMember(std::int32_t lngOffset, std::string_view strWhereClause = {},
+                              std::string_view strOrderClause = {}) {
+    return loadPrevious(lngOffset, strWhereClause, strOrderClause);
+  }
+  std::shared_ptr<Collection> GetEveryGroupMember(std::string_view strWhereClause = {},
+                                                  std::string_view strOrderClause = {},
+                                                  const Variant& lngOffset = Variant(1),
+                                                  const Variant& lngNumRecords = Variant(0)) {
+    return listEvery(strWhereClause, strOrderClause, lngOffset, lngNumRecords);
+  }
+  std::int32_t CountEveryGroupMember(std::string_view strWhereClause = {}) {
+    return countEvery(strWhereClause);
+  }
 };
 
 }  // namespace varnock

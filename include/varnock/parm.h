@@ -3,6 +3,11 @@
 // catalogue or the generator, not this file.
 #pragma once
 
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
 #include "varnock/record.h"
 
 namespace varnock {
@@ -30,6 +35,38 @@ class Parm final : public Record {
   // Locked: bit, Null refused.
   Variant get_Locked() const { return column(4); }
   void put_Locked(const Variant& value) { assign(4, value); }
+
+  bool GetParm(std::string_view strWhereClause = {}, std::string_view strOrderClause = {}) {
+    return lookUp(strWhereClause, strOrderClause);
+  }
+  bool GetFirstParm(std::string_view strWhereClause = {}, std::string_view strOrderClause = {}) {
+    return loadFirst(strWhereClause, strOrderClause);
+  }
+  // Reverses strOrderClause in place, so the caller sees the order used.
+  bool GetLastParm(std::string_view strWhereClause, std::string& strOrderClause) {
+    return loadLast(strWhereClause, strOrderClause);
+  }
+  bool GetLastParm(std::string_view strWhereClause = {}, std::string_view strOrderClause = {}) {
+    std::string order(strOrderClause);
+    return loadLast(strWhereClause, order);
+  }
+  bool GetNextParm(std::int32_t lngOffset, std::string_view strWhereClause = {},
+                   std::string_view strOrderClause = {}) {
+    return loadNext(lngOffset, strWhereClause, strOrderClause);
+  }
+  bool GetPreviousParm(std::int32_t lngOffset, std::string_view strWhereClause = {},
+                       std::string_view strOrderClause = {}) {
+    return loadPrevious(lngOffset, strWhereClause, strOrderClause);
+  }
+  std::shared_ptr<Collection> GetEveryParm(std::string_view strWhereClause = {},
+                                           std::string_view strOrderClause = {},
+                                           const Variant& lngOffset = Variant(1),
+                                           const Variant& lngNumRecords = Variant(0)) {
+    return listEvery(strWhereClause, strOrderClause, lngOffset, lngNumRecords);
+  }
+  std::int32_t CountEveryParm(std::string_view strWhereClause = {}) {
+    return countEvery(strWhereClause);
+  }
 };
 
 }  // namespace varnock

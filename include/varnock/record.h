@@ -16,6 +16,7 @@
 #include <string_view>
 #include <vector>
 
+#include "varnock/collection.h"
 #include "varnock/dictionary.h"
 #include "varnock/variant.h"
 
@@ -61,6 +62,22 @@ class Record : public Object {
   // Assigns each entry of a KeyedContainer through SetDataProperty, in the
   // container's order, stopping at the first refusal; true if all were stored.
   bool SetDictionary(const Variant& varDict);
+
+  // The reading operations of every class, which each class offers under its
+  // own names (GetUser, GetFirstUser, ... CountEveryUser). Conditions are SQL
+  // without WHERE, orders SQL without ORDER BY; empty means none. Failures
+  // return false (or an empty collection), store the description as the last
+  // error message and write one event named after the class's method; only a
+  // failed event log write raises. countEvery raises its failures instead.
+  bool lookUp(std::string_view where, std::string_view order);
+  bool loadFirst(std::string_view where, std::string_view order);
+  // Reverses `order` in place (the caller sees the rewritten order), then loads the first row.
+  bool loadLast(std::string_view where, std::string& order);
+  bool loadNext(std::int32_t offset, std::string_view where, std::string_view order);
+  bool loadPrevious(std::int32_t offset, std::string_view where, std::string_view order);
+  std::shared_ptr<Collection> listEvery(std::string_view where, std::string_view order,
+                                        const Variant& offset, const Variant& numRecords);
+  std::int32_t countEvery(std::string_view where);
 
   // Columns by position, in the table's column order. An out-of-range
   // position raises AutomationError 5.

@@ -3,6 +3,11 @@
 // catalogue or the generator, not this file.
 #pragma once
 
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
 #include "varnock/record.h"
 
 namespace varnock {
@@ -78,6 +83,38 @@ class User final : public Record {
   // REMOTE_ADDR: nvarchar, Null allowed.
   Variant get_REMOTE_ADDR() const { return column(16); }
   void put_REMOTE_ADDR(const Variant& value) { assign(16, value); }
+
+  bool GetUser(std::string_view strWhereClause = {}, std::string_view strOrderClause = {}) {
+    return lookUp(strWhereClause, strOrderClause);
+  }
+  bool GetFirstUser(std::string_view strWhereClause = {}, std::string_view strOrderClause = {}) {
+    return loadFirst(strWhereClause, strOrderClause);
+  }
+  // Reverses strOrderClause in place, so the caller sees the order used.
+  bool GetLastUser(std::string_view strWhereClause, std::string& strOrderClause) {
+    return loadLast(strWhereClause, strOrderClause);
+  }
+  bool GetLastUser(std::string_view strWhereClause = {}, std::string_view strOrderClause = {}) {
+    std::string order(strOrderClause);
+    return loadLast(strWhereClause, order);
+  }
+  bool GetNextUser(std::int32_t lngOffset, std::string_view strWhereClause = {},
+                   std::string_view strOrderClause = {}) {
+    return loadNext(lngOffset, strWhereClause, strOrderClause);
+  }
+  bool GetPreviousUser(std::int32_t lngOffset, std::string_view strWhereClause = {},
+                       std::string_view strOrderClause = {}) {
+    return loadPrevious(lngOffset, strWhereClause, strOrderClause);
+  }
+  std::shared_ptr<Collection> GetEveryUser(std::string_view strWhereClause = {},
+                                           std::string_view strOrderClause = {},
+                                           const Variant& lngOffset = Variant(1),
+                                           const Variant& lngNumRecords = Variant(0)) {
+    return listEvery(strWhereClause, strOrderClause, lngOffset, lngNumRecords);
+  }
+  std::int32_t CountEveryUser(std::string_view strWhereClause = {}) {
+    return countEvery(strWhereClause);
+  }
 };
 
 }  // namespace varnock

@@ -3,6 +3,11 @@
 // catalogue or the generator, not this file.
 #pragma once
 
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
 #include "varnock/record.h"
 
 namespace varnock {
@@ -26,6 +31,40 @@ class ZoneAddress final : public Record {
   // CreationDate: smalldatetime, Null refused.
   Variant get_CreationDate() const { return column(3); }
   void put_CreationDate(const Variant& value) { assign(3, value); }
+
+  bool GetZoneAddress(std::string_view strWhereClause = {}, std::string_view strOrderClause = {}) {
+    return lookUp(strWhereClause, strOrderClause);
+  }
+  bool GetFirstZoneAddress(std::string_view strWhereClause = {},
+                           std::string_view strOrderClause = {}) {
+    return loadFirst(strWhereClause, strOrderClause);
+  }
+  // Reverses strOrderClause in place, so the caller sees the order used.
+  bool GetLastZoneAddress(std::string_view strWhereClause, std::string& strOrderClause) {
+    return loadLast(strWhereClause, strOrderClause);
+  }
+  bool GetLastZoneAddress(std::string_view strWhereClause = {},
+                          std::string_view strOrderClause = {}) {
+    std::string order(strOrderClause);
+    return loadLast(strWhereClause, order);
+  }
+  bool GetNextZoneAddress(std::int32_t lngOffset, std::string_view strWhereClause = {},
+                          std::string_view strOrderClause = {}) {
+    return loadNext(lngOffset, strWhereClause, strOrderClause);
+  }
+  bool GetPreviousZoneAddress(std::int32_t lngOffset, std::string_view strWhereClause = {},
+                              std::string_view strOrderClause = {}) {
+    return loadPrevious(lngOffset, strWhereClause, strOrderClause);
+  }
+  std::shared_ptr<Collection> GetEveryZoneAddress(std::string_view strWhereClause = {},
+                                                  std::string_view strOrderClause = {},
+                                                  const Variant& lngOffset = Variant(1),
+                                                  const Variant& lngNumRecords = Variant(0)) {
+    return listEvery(strWhereClause, strOrderClause, lngOffset, lngNumRecords);
+  }
+  std::int32_t CountEveryZoneAddress(std::string_view strWhereClause = {}) {
+    return countEvery(strWhereClause);
+  }
 };
 
 }  // namespace varnock

@@ -56,6 +56,24 @@ Variant call(Record& object, const Member& member, BoundArguments& arguments) {
       return Variant(object.GetDictionary());
     case MemberRole::SetDictionary:
       return Variant(object.SetDictionary(a[0]));
+    case MemberRole::Get:
+      return Variant(object.lookUp(a[0].asString(), a[1].asString()));
+    case MemberRole::GetFirst:
+      return Variant(object.loadFirst(a[0].asString(), a[1].asString()));
+    case MemberRole::GetLast: {
+      std::string order = a[1].asString();
+      const bool loaded = object.loadLast(a[0].asString(), order);
+      a[1] = Variant(std::move(order));  // written back to a by-reference caller
+      return Variant(loaded);
+    }
+    case MemberRole::GetNext:
+      return Variant(object.loadNext(a[0].asLong(), a[1].asString(), a[2].asString()));
+    case MemberRole::GetPrevious:
+      return Variant(object.loadPrevious(a[0].asLong(), a[1].asString(), a[2].asString()));
+    case MemberRole::GetEvery:
+      return Variant(object.listEvery(a[0].asString(), a[1].asString(), a[2], a[3]));
+    case MemberRole::CountEvery:
+      return Variant(object.countEvery(a[0].asString()));
     default:
       notImplementedYet(member);
   }

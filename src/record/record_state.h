@@ -14,6 +14,8 @@ class RecordState {
   static void setLastErrorMessage(Record& record, std::string message) {
     record.lastError_ = std::move(message);
   }
+  // Gives `to` the connection string of `from`, sharing rather than copying it.
+  static void shareConnectionString(Record& to, const Record& from) { to.dsn_ = from.dsn_; }
 };
 
 }  // namespace varnock

@@ -1,11 +1,16 @@
 # Runs the class generator into OUTPUT and compares each file it writes with
 # the checked-in one: headers under EXPECTED_INCLUDE, the factory under
-# EXPECTED_SOURCE.
+# EXPECTED_SOURCE. CLANG_FORMAT and STYLE, when given, format the output first.
 file(REMOVE_RECURSE "${OUTPUT}")
 file(MAKE_DIRECTORY "${OUTPUT}/include" "${OUTPUT}/src")
 execute_process(COMMAND "${GENERATOR}" "${OUTPUT}/include" "${OUTPUT}/src" RESULT_VARIABLE status)
 if(NOT status EQUAL 0)
   message(FATAL_ERROR "generate_classes failed: ${status}")
+endif()
+# The checked-in files are formatted; format the fresh ones the same way.
+if(CLANG_FORMAT)
+  file(GLOB_RECURSE fresh "${OUTPUT}/*")
+  execute_process(COMMAND "${CLANG_FORMAT}" "-style=file:${STYLE}" -i ${fresh})
 endif()
 foreach(kind include src)
   if(kind STREQUAL "include")

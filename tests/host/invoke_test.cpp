@@ -116,14 +116,18 @@ TEST(Invoke, RefusesArgumentsThatDoNotFit) {
 }
 
 TEST(Invoke, ConvertsTextToTheDeclaredInteger) {
+  testing::CapturedEvents events;
   const auto zone = CreateObject("Varnock.Zone");
-  // The conversion succeeds; the member itself is built later and says so.
+  // "3" is accepted as the offset; the call then fails on the default
+  // connection string's provider, which this build does not have.
+  EXPECT_EQ(call(*zone, "GetNextZone", {{Variant("3")}, {}}), Variant(false));
+  EXPECT_EQ(events.last().source, "GetNextZone");
   try {
-    call(*zone, "GetNextZone", {{Variant("3")}, {}});
+    call(*zone, "AddZone");
     FAIL();
   } catch (const AutomationError& e) {
     EXPECT_EQ(e.number(), kNotImplemented);
-    EXPECT_EQ(e.description(), "GetNextZone is not implemented yet");
+    EXPECT_EQ(e.description(), "AddZone is not implemented yet");
   }
 }
 

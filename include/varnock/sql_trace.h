@@ -1,0 +1,18 @@
+// The SQL trace: one JSON Lines entry per statement that Varnock hands to the
+// database, so users can see exactly what is sent. Each entry has "time",
+// "sql" (the exact text), "ok", "error" (when it failed) and "elapsed_us".
+// Off unless VARNOCK_SQL_TRACE names a file or setSqlTrace is called.
+// Thread-safe; the setting applies to the whole process.
+#pragma once
+
+#include <string>
+
+namespace varnock {
+
+// Appends entries to `path` from now on; the empty path switches it off.
+void setSqlTrace(const std::string& path);
+
+// The file entries go to; empty when the trace is off.
+std::string sqlTrace();
+
+}  // namespace varnock

@@ -1,0 +1,81 @@
+// Test hook: a database provider named "Recording" that keeps every statement
+// it is handed and answers from a script of rows or failures, so the data
+// methods can be checked without a database.
+//   Provider=Recording          opens
+//   Provider=Recording;Fail=1   fails at open
+#pragma once
+
+#include <deque>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "client/provider.h"
+#include "varnock/automation_error.h"
+
+namespace varnock::testing {
+
+using Row = std::map<std::string, Variant>;
+
+struct RecordingScript {
+  std::vector<std::string> statements;
+  // Answers in order; a statement with none left gets no rows.
+  std::deque<std::variant<std::vector<Row>, AutomationError>> answers;
+  int opened = 0;
+  int closed = 0;
+
+  static RecordingScript& instance() {
+    static RecordingScript script;
+    return script;
+  }
+  void reset() { *this = RecordingScript(); }
+};
+
+class RecordingRows final : public client::Recordset {
+ public:
+  explicit RecordingRows(std::vector<Row> rows) : rows_(std::move(rows)) {}
+  bool eof() const override { return next_ >= rows_.size(); }
+  Variant field(std::string_view name) const override {
+    if (eof()) throw AutomationError(client::kNoCurrentRecord, client::kNoCurrentRecordText, "Rec");
+    const auto it = rows_[next_].find(std::string(name));
+    if (it == rows_[next_].end()) {
+      throw AutomationError(client::kItemNotFound, client::kItemNotFoundText, "Rec");
+    }
+    return it->second;
+  }
+  void moveNext() override { ++next_; }
+
+ private:
+  std::vector<Row> rows_;
+  std::size_t next_ = 0;
+};
+
+class RecordingConnection final : public client::Connection {
+ public:
+  void open(std::string_view) override {}
+  std::unique_ptr<client::Recordset> execute(std::string_view statement) override {
+    RecordingScript& script = RecordingScript::instance();
+    script.statements.emplace_back(statement);
+    if (script.answers.empty()) return std::make_unique<RecordingRows>(std::vector<Row>{});
+    auto answer = std::move(script.answers.front());
+    script.answers.pop_front();
+    if (auto* failure = std::get_if<AutomationError>(&answer)) throw *failure;
+    return std::make_unique<RecordingRows>(std::get<std::vector<Row>>(std::move(answer)));
+  }
+  void close() override { ++RecordingScript::instance().closed; }
+};
+
+inline void registerRecordingProvider() {
+  client::registerProvider("Recording", [](const client::ConnectionString& cs) {
+    if (cs.get("Fail")) {
+      throw AutomationError(client::kCannotOpen, "Server does not exist or access denied.",
+                            "Recording Provider");
+    }
+    ++RecordingScript::instance().opened;
+    return std::unique_ptr<client::Connection>(std::make_unique<RecordingConnection>());
+  });
+  RecordingScript::instance().reset();
+}
+
+}  // namespace varnock::testing
