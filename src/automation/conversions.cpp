@@ -3,7 +3,7 @@
 #include <cmath>
 #include <cstdio>
 
-#include "automation/text_case.h"
+#include "automation/text.h"
 #include "varnock/automation_error.h"
 
 namespace varnock {
@@ -32,14 +32,6 @@ std::string formatCurrency(Currency value) {
                             digits, fraction);
   }
   return std::string(text, static_cast<std::size_t>(length));
-}
-
-std::string_view trimBlanks(std::string_view s) {
-  while (!s.empty() && (s.front() == ' ' || s.front() == '\t'))
-    s.remove_prefix(1);
-  while (!s.empty() && (s.back() == ' ' || s.back() == '\t'))
-    s.remove_suffix(1);
-  return s;
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include <cstdio>
 
 #include "automation/calendar.h"
-#include "automation/text_case.h"
+#include "automation/text.h"
 #include "varnock/conversions.h"
 
 namespace varnock {

@@ -1,6 +1,6 @@
 #include "catalogue/catalogue.h"
 
-#include "automation/text_case.h"
+#include "automation/text.h"
 #include "catalogue/completion.h"
 #include "varnock/automation_error.h"
 

@@ -1,20 +1,8 @@
 #include "client/connection_string.h"
 
-#include "automation/text_case.h"
+#include "automation/text.h"
 
 namespace varnock::client {
-
-namespace {
-
-std::string_view trimmed(std::string_view s) {
-  while (!s.empty() && (s.front() == ' ' || s.front() == '\t'))
-    s.remove_prefix(1);
-  while (!s.empty() && (s.back() == ' ' || s.back() == '\t'))
-    s.remove_suffix(1);
-  return s;
-}
-
-}  // namespace
 
 ConnectionString::ConnectionString(std::string_view text) {
   std::size_t i = 0;
@@ -25,7 +13,7 @@ ConnectionString::ConnectionString(std::string_view text) {
       i = equals == std::string_view::npos ? text.size() : equals + 1;
       continue;
     }
-    const std::string key(trimmed(text.substr(i, equals - i)));
+    const std::string key(trimBlanks(text.substr(i, equals - i)));
     std::size_t j = equals + 1;
     while (j < text.size() && (text[j] == ' ' || text[j] == '\t'))
       ++j;
@@ -49,7 +37,8 @@ ConnectionString::ConnectionString(std::string_view text) {
       i = end == std::string_view::npos ? text.size() : end + 1;
     } else {
       const std::size_t end = text.find(';', j);
-      value = std::string(trimmed(text.substr(j, end == std::string_view::npos ? end : end - j)));
+      value =
+          std::string(trimBlanks(text.substr(j, end == std::string_view::npos ? end : end - j)));
       i = end == std::string_view::npos ? text.size() : end + 1;
     }
     if (!key.empty()) pairs_.emplace_back(key, std::move(value));

@@ -1,6 +1,6 @@
 // Object creation by ProgID or class identifier, and the member tables that
 // script hosts list.
-#include "automation/text_case.h"
+#include "automation/text.h"
 #include "catalogue/catalogue.h"
 #include "record/new_record.h"
 #include "varnock/automation_error.h"

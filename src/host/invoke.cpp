@@ -1,6 +1,6 @@
 // Late-bound calls: name look-up and Invoke over the catalogue's member
 // tables. Each member's behaviour is chosen by its role, once for all classes.
-#include "automation/text_case.h"
+#include "automation/text.h"
 #include "catalogue/catalogue.h"
 #include "host/arguments.h"
 #include "host/dispatch_table.h"

@@ -2,10 +2,11 @@
 // assignment, so every value they store passes the same checks.
 #include <memory>
 
-#include "automation/text_case.h"
+#include "automation/text.h"
 #include "catalogue/catalogue.h"
 #include "eventLog/event_log.h"
 #include "record/kirna_utility.h"
+#include "record/record_state.h"
 #include "varnock/automation_error.h"
 #include "varnock/conversions.h"
 #include "varnock/record.h"
@@ -20,6 +21,14 @@ constexpr std::int32_t kNotSupported = 438;
 
 std::string unknownPropertyMessage(std::string_view name) {
   return "Property [" + std::string(name) + "]doesn't exist in this class";
+}
+
+// The trap of the by-name assignments: the description becomes the last
+// error message and is reported with its source under the method's name.
+bool trapped(Record& record, std::string_view method, const AutomationError& e) {
+  RecordState::setLastErrorMessage(record, e.description());
+  eventLog::ReportDataError(e.number(), method, e.description() + " [" + e.source() + "]");
+  return false;
 }
 
 }  // namespace
@@ -50,10 +59,7 @@ bool Record::SetDataProperty(std::string_view strPropertyName, const Variant& va
     eventLog::ReportDataError(kUnknownPropertyEvent, "", GetLastErrorMessage());
     return false;
   } catch (const AutomationError& e) {
-    lastError_ = e.description();
-    eventLog::ReportDataError(e.number(), "SetDataProperty",
-                              e.description() + " [" + e.source() + "]");
-    return false;
+    return trapped(*this, "SetDataProperty", e);
   }
 }
 
@@ -80,10 +86,7 @@ bool Record::SetDictionary(const Variant& varDict) {
     }
     return true;
   } catch (const AutomationError& e) {
-    lastError_ = e.description();
-    eventLog::ReportDataError(e.number(), "SetDictionary",
-                              e.description() + " [" + e.source() + "]");
-    return false;
+    return trapped(*this, "SetDictionary", e);
   }
 }
 

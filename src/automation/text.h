@@ -1,5 +1,6 @@
-// Letter case as the register compares names and keywords: ASCII letters
-// only, as the en-US rule and SQL Server's default collation fold them.
+// Text as the register treats names, keywords and values: letter case folded
+// for ASCII letters only, as the en-US rule and SQL Server's default collation
+// fold them, and blanks (spaces and tabs) trimmed.
 #pragma once
 
 #include <string>
@@ -24,6 +25,15 @@ constexpr bool equalsIgnoringCase(std::string_view a, std::string_view b) noexce
     if (lowerCaseOf(a[i]) != lowerCaseOf(b[i])) return false;
   }
   return true;
+}
+
+// The text without the blanks (spaces and tabs) around it.
+constexpr std::string_view trimBlanks(std::string_view s) noexcept {
+  while (!s.empty() && (s.front() == ' ' || s.front() == '\t'))
+    s.remove_prefix(1);
+  while (!s.empty() && (s.back() == ' ' || s.back() == '\t'))
+    s.remove_suffix(1);
+  return s;
 }
 
 }  // namespace varnock
