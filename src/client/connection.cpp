@@ -4,7 +4,7 @@
 #include <map>
 #include <mutex>
 
-#include "automation/text_case.h"
+#include "automation/text.h"
 #include "client/provider.h"
 #include "client/sqlite/sqlite_provider.h"
 #include "varnock/automation_error.h"

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "automation/text_case.h"
+#include "automation/text.h"
 #include "eventLog/event_log.h"
 #include "varnock/automation_error.h"
 #include "varnock/conversions.h"

@@ -1,6 +1,6 @@
 #include "sql/statements.h"
 
-#include "automation/text_case.h"
+#include "automation/text.h"
 
 namespace varnock::sql {
 
