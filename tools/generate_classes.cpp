@@ -72,6 +72,16 @@ void writeMethod(std::ostringstream& out, const Member& m) {
       out << "  std::int32_t " << m.name << "(std::string_view strWhereClause = {}) {\n"
           << "    return countEvery(strWhereClause);\n  }\n";
       break;
+    case MemberRole::Add:
+      out << "  bool " << m.name << "() { return insertRow(); }\n";
+      break;
+    case MemberRole::Update:
+      out << "  bool " << m.name << "() { return updateRow(); }\n";
+      break;
+    case MemberRole::Delete:
+      out << "  bool " << m.name << "(std::string_view strWhereClause = {}) {\n"
+          << "    return deleteRows(strWhereClause);\n  }\n";
+      break;
     default:
       return;  // properties and the members every class shares come from Record
   }

@@ -51,6 +51,9 @@ class Country final : public Record {
   std::int32_t CountEveryCountry(std::string_view strWhereClause = {}) {
     return countEvery(strWhereClause);
   }
+  bool AddCountry() { return insertRow(); }
+  bool UpdateCountry() { return updateRow(); }
+  bool DeleteCountry(std::string_view strWhereClause = {}) { return deleteRows(strWhereClause); }
 };
 
 }  // namespace varnock

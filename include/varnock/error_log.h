@@ -68,6 +68,9 @@ class ErrorLog final : public Record {
   std::int32_t CountEveryErrorLog(std::string_view strWhereClause = {}) {
     return countEvery(strWhereClause);
   }
+  bool AddErrorLog() { return insertRow(); }
+  bool UpdateErrorLog() { return updateRow(); }
+  bool DeleteErrorLog(std::string_view strWhereClause = {}) { return deleteRows(strWhereClause); }
 };
 
 }  // namespace varnock

@@ -61,6 +61,9 @@ class GroupCode final : public Record {
   std::int32_t CountEveryGroupCode(std::string_view strWhereClause = {}) {
     return countEvery(strWhereClause);
   }
+  bool AddGroupCode() { return insertRow(); }
+  bool UpdateGroupCode() { return updateRow(); }
+  bool DeleteGroupCode(std::string_view strWhereClause = {}) { return deleteRows(strWhereClause); }
 };
 
 }  // namespace varnock

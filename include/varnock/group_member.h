@@ -57,6 +57,11 @@ class GroupMember final : public Record {
   std::int32_t CountEveryGroupMember(std::string_view strWhereClause = {}) {
     return countEvery(strWhereClause);
   }
+  bool AddGroupMember() { return insertRow(); }
+  bool UpdateGroupMember() { return updateRow(); }
+  bool DeleteGroupMember(std::string_view strWhereClause = {}) {
+    return deleteRows(strWhereClause);
+  }
 };
 
 }  // namespace varnock

@@ -63,6 +63,9 @@ class LogFile final : public Record {
   std::int32_t CountEveryLogFile(std::string_view strWhereClause = {}) {
     return countEvery(strWhereClause);
   }
+  bool AddLogFile() { return insertRow(); }
+  bool UpdateLogFile() { return updateRow(); }
+  bool DeleteLogFile(std::string_view strWhereClause = {}) { return deleteRows(strWhereClause); }
 };
 
 }  // namespace varnock

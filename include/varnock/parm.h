@@ -67,6 +67,9 @@ class Parm final : public Record {
   std::int32_t CountEveryParm(std::string_view strWhereClause = {}) {
     return countEvery(strWhereClause);
   }
+  bool AddParm() { return insertRow(); }
+  bool UpdateParm() { return updateRow(); }
+  bool DeleteParm(std::string_view strWhereClause = {}) { return deleteRows(strWhereClause); }
 };
 
 }  // namespace varnock

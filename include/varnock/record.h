@@ -79,6 +79,14 @@ class Record : public Object {
                                         const Variant& offset, const Variant& numRecords);
   std::int32_t countEvery(std::string_view where);
 
+  // The writing operations (AddUser, UpdateUser, DeleteUser, ...): true on
+  // success; failures as for reading. deleteRows with an empty condition
+  // first looks the row up by its key (reloading the object) and deletes
+  // nothing when there is none; with a condition it deletes what matches.
+  bool insertRow();
+  bool updateRow();
+  bool deleteRows(std::string_view where);
+
   // Columns by position, in the table's column order. An out-of-range
   // position raises AutomationError 5.
   std::size_t columnCount() const noexcept { return values_.size(); }

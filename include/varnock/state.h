@@ -51,6 +51,9 @@ class State final : public Record {
   std::int32_t CountEveryState(std::string_view strWhereClause = {}) {
     return countEvery(strWhereClause);
   }
+  bool AddState() { return insertRow(); }
+  bool UpdateState() { return updateRow(); }
+  bool DeleteState(std::string_view strWhereClause = {}) { return deleteRows(strWhereClause); }
 };
 
 }  // namespace varnock

@@ -115,6 +115,9 @@ class User final : public Record {
   std::int32_t CountEveryUser(std::string_view strWhereClause = {}) {
     return countEvery(strWhereClause);
   }
+  bool AddUser() { return insertRow(); }
+  bool UpdateUser() { return updateRow(); }
+  bool DeleteUser(std::string_view strWhereClause = {}) { return deleteRows(strWhereClause); }
 };
 
 }  // namespace varnock

@@ -55,6 +55,9 @@ class Zone final : public Record {
   std::int32_t CountEveryZone(std::string_view strWhereClause = {}) {
     return countEvery(strWhereClause);
   }
+  bool AddZone() { return insertRow(); }
+  bool UpdateZone() { return updateRow(); }
+  bool DeleteZone(std::string_view strWhereClause = {}) { return deleteRows(strWhereClause); }
 };
 
 }  // namespace varnock

@@ -65,6 +65,11 @@ class ZoneAddress final : public Record {
   std::int32_t CountEveryZoneAddress(std::string_view strWhereClause = {}) {
     return countEvery(strWhereClause);
   }
+  bool AddZoneAddress() { return insertRow(); }
+  bool UpdateZoneAddress() { return updateRow(); }
+  bool DeleteZoneAddress(std::string_view strWhereClause = {}) {
+    return deleteRows(strWhereClause);
+  }
 };
 
 }  // namespace varnock

@@ -56,6 +56,9 @@ class ZonePool final : public Record {
   std::int32_t CountEveryZonePool(std::string_view strWhereClause = {}) {
     return countEvery(strWhereClause);
   }
+  bool AddZonePool() { return insertRow(); }
+  bool UpdateZonePool() { return updateRow(); }
+  bool DeleteZonePool(std::string_view strWhereClause = {}) { return deleteRows(strWhereClause); }
 };
 
 }  // namespace varnock

@@ -27,7 +27,7 @@ Registry& registry() {
 
 void registerBuiltIns() {
   static std::once_flag once;
-  std::call_once(once, [] { /*SQLITE-PENDING sqlite::registerSqliteProvider();*/ });
+  std::call_once(once, [] { sqlite::registerSqliteProvider(); });
 }
 
 class RoutingConnection final : public Connection {

@@ -74,6 +74,12 @@ Variant call(Record& object, const Member& member, BoundArguments& arguments) {
       return Variant(object.listEvery(a[0].asString(), a[1].asString(), a[2], a[3]));
     case MemberRole::CountEvery:
       return Variant(object.countEvery(a[0].asString()));
+    case MemberRole::Add:
+      return Variant(object.insertRow());
+    case MemberRole::Update:
+      return Variant(object.updateRow());
+    case MemberRole::Delete:
+      return Variant(object.deleteRows(a[0].asString()));
     default:
       notImplementedYet(member);
   }

@@ -7,6 +7,7 @@
 #include "record/new_record.h"
 #include "record/record_state.h"
 #include "sql/frame.h"
+#include "sql/literals.h"
 #include "sql/statements.h"
 #include "varnock/conversions.h"
 #include "varnock/record.h"
@@ -19,8 +20,7 @@ namespace {
 std::vector<std::string> keyTexts(const Record& record) {
   std::vector<std::string> texts;
   for (const std::uint8_t position : record.table().keyColumns) {
-    const Variant value = record.column(position);
-    texts.push_back(value.isNull() ? std::string() : toText(value));
+    texts.push_back(sql::textOf(record.column(position)));
   }
   return texts;
 }

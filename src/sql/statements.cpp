@@ -4,11 +4,11 @@
 
 namespace varnock::sql {
 
-namespace {
-
 std::string tableRef(const catalogue::Table& t) {
   return "[" + std::string(t.name) + "]";
 }
+
+namespace {
 
 // The rest of a NOT IN walk after the inner query's table.
 void appendWalkTail(std::string& s, std::string_view where, std::string_view order) {
@@ -63,13 +63,17 @@ std::string replaceExact(std::string_view text, std::string_view what, std::stri
 
 }  // namespace
 
-std::string keyLookup(const catalogue::Table& t, const std::vector<std::string>& keyValues) {
-  std::string s = "SELECT * FROM " + tableRef(t) + " WHERE ";
+std::string keyCondition(const catalogue::Table& t, const std::vector<std::string>& keyValues) {
+  std::string s;
   for (std::size_t i = 0; i < t.keyColumns.size(); ++i) {
     if (i > 0) s.append("' AND  ");
     s.append(t.columns[t.keyColumns[i]].field).append(" = '").append(keyValues[i]);
   }
   return s.append("'");
+}
+
+std::string keyLookup(const catalogue::Table& t, const std::vector<std::string>& keyValues) {
+  return "SELECT * FROM " + tableRef(t) + " WHERE " + keyCondition(t, keyValues);
 }
 
 std::string conditionLookup(const catalogue::Table& t, std::string_view where) {

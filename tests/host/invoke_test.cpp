@@ -123,11 +123,11 @@ TEST(Invoke, ConvertsTextToTheDeclaredInteger) {
   EXPECT_EQ(call(*zone, "GetNextZone", {{Variant("3")}, {}}), Variant(false));
   EXPECT_EQ(events.last().source, "GetNextZone");
   try {
-    call(*zone, "AddZone");
+    call(*zone, "GetChildrenInZonePool");
     FAIL();
   } catch (const AutomationError& e) {
     EXPECT_EQ(e.number(), kNotImplemented);
-    EXPECT_EQ(e.description(), "AddZone is not implemented yet");
+    EXPECT_EQ(e.description(), "GetChildrenInZonePool is not implemented yet");
   }
 }
 
