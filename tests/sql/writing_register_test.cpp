@@ -1,0 +1,223 @@
+// The writing operations against a real register file.
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "support/captured_events.h"
+#include "support/temp_register.h"
+#include "varnock/sql_trace.h"
+#include "varnock/varnock.h"
+
+namespace varnock {
+namespace {
+
+class RegisterWriting : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    register_.run({"INSERT INTO [Country] VALUES ('Norway')"});
+    setSqlTrace(trace().string());
+  }
+  void TearDown() override { setSqlTrace(""); }
+
+  template <class T>
+  void connect(T& record) {
+    record.put_DSN(register_.dsn());
+  }
+  std::filesystem::path trace() const { return register_.folder() / "trace.jsonl"; }
+  std::size_t statementsSent() const {
+    std::ifstream in(trace());
+    std::size_t lines = 0;
+    for (std::string line; std::getline(in, line);)
+      ++lines;
+    return lines;
+  }
+  void fillUser(User& user, const std::string& name) {
+    connect(user);
+    user.put_Username(name);
+    user.put_Lastname("Doe");
+    user.put_Country("Norway");
+    user.put_Password("secret");
+    user.put_Email(name + "@example.org");
+    user.put_Authorized(true);
+  }
+
+  testing::TempRegister register_;
+  testing::CapturedEvents events_;
+};
+
+TEST_F(RegisterWriting, AddedRowsReadBackAsTheSameValues) {
+  User user;
+  fillUser(user, "o'brien");
+  user.put_SiteType("web");
+  user.put_Firstname("Jane");
+  user.put_State("Oslo");
+  user.put_Pagetopic("topic");
+  user.put_Bio("");
+  user.put_Graphic("g.png");
+  user.put_Link("https://example.org");
+  user.put_DateCreated("2000/5/4 13:45:29");
+  user.put_AuthorisationDate(Date::fromCivil({2001, 2, 3, 4, 5, 30}));
+  user.put_AuthorisationMessage("approved");
+  user.put_REMOTE_ADDR("10.0.0.1");
+  ASSERT_TRUE(user.AddUser()) << user.GetLastErrorMessage();
+
+  User back;
+  connect(back);
+  back.put_Username("O'BRIEN");
+  ASSERT_TRUE(back.GetUser("UserName = 'o''brien'"));
+  EXPECT_EQ(back.get_Username(), Variant("o'brien"));
+  EXPECT_EQ(back.get_Bio(), Variant(""));
+  EXPECT_EQ(back.get_Authorized(), Variant(true));
+  EXPECT_EQ(back.get_DateCreated(), Variant(Date::fromCivil({2000, 5, 4, 13, 45, 0})));
+  EXPECT_EQ(back.get_AuthorisationDate(), Variant(Date::fromCivil({2001, 2, 3, 4, 6, 0})));
+  EXPECT_EQ(back.get_REMOTE_ADDR(), Variant("10.0.0.1"));
+  EXPECT_EQ(back.get_Email(), Variant("o'brien@example.org"));
+
+  Zone zone;
+  connect(zone);
+  zone.put_Zone("North");
+  zone.put_Test(0);
+  ASSERT_TRUE(zone.AddZone());
+  ZonePool pool;
+  connect(pool);
+  pool.put_Zone("North");
+  pool.put_Address("42");
+  ASSERT_TRUE(pool.AddZonePool());
+  ASSERT_TRUE(zone.GetZone());
+  EXPECT_EQ(zone.get_Test(), Variant(false));
+  ASSERT_TRUE(pool.GetFirstZonePool());
+  EXPECT_EQ(pool.get_Address(), Variant(42));
+  EXPECT_EQ(events_.count(), 0u);
+}
+
+TEST_F(RegisterWriting, TheDatabaseRefusalsTakeTheErrorPath) {
+  User user;
+  fillUser(user, "jdoe");
+  ASSERT_TRUE(user.AddUser());
+  EXPECT_FALSE(user.AddUser());  // the key exists
+  EXPECT_EQ(events_.last().source, "AddUser");
+  EXPECT_NE(events_.last().message.find("SQL = INSERT INTO [User] ([UserName], [Lastname]"),
+            std::string::npos);
+  EXPECT_NE(user.GetLastErrorMessage().find("UNIQUE"), std::string::npos);
+  EXPECT_EQ(user.get_Username(), Variant("jdoe"));  // the object keeps its values
+
+  GroupMember member;
+  connect(member);
+  member.put_GroupCode("NOSUCH");
+  member.put_Username("jdoe");
+  EXPECT_FALSE(member.AddGroupMember());
+  EXPECT_NE(member.GetLastErrorMessage().find("FOREIGN KEY"), std::string::npos);
+
+  User incomplete;
+  connect(incomplete);
+  incomplete.put_Username("nobody");
+  EXPECT_FALSE(incomplete.AddUser());
+  EXPECT_NE(incomplete.GetLastErrorMessage().find("NOT NULL"), std::string::npos);
+  EXPECT_EQ(user.CountEveryUser(), 1);
+}
+
+TEST_F(RegisterWriting, NothingToWriteFailsWithoutSendingAStatement) {
+  Country empty;
+  connect(empty);
+  const std::size_t before = statementsSent();
+  EXPECT_FALSE(empty.AddCountry());
+  EXPECT_EQ(events_.last().id, 5);
+  EXPECT_EQ(events_.last().message, "\r\nInvalid procedure call or argument [Varnock] \r\nSQL = ");
+  ErrorLog log;
+  connect(log);
+  log.put_DateCreated("5/4/2000");
+  log.put_UserId("u");
+  log.put_ErrorNumber(1);
+  log.put_ErrorDescription("d");
+  EXPECT_FALSE(log.UpdateErrorLog());
+  EXPECT_EQ(log.GetLastErrorMessage(), "Invalid procedure call or argument");
+  LogFile file;
+  connect(file);
+  EXPECT_FALSE(file.UpdateLogFile());
+  EXPECT_EQ(events_.last().source, "UpdateLogFile");
+  EXPECT_EQ(statementsSent(), before);
+}
+
+TEST_F(RegisterWriting, UpdateAddressesTheRowByItsCurrentKey) {
+  Parm parm;
+  connect(parm);
+  parm.put_Section("Mail");
+  parm.put_KeyName("Host");
+  parm.put_Value("smtp.example.org");
+  parm.put_Locked(false);
+  ASSERT_TRUE(parm.AddParm());
+  parm.put_Value(Variant::null());
+  parm.put_Comment("it's local");
+  parm.put_Locked(true);
+  ASSERT_TRUE(parm.UpdateParm());
+
+  Parm back;
+  connect(back);
+  back.put_Section("mail");
+  back.put_KeyName("host");
+  ASSERT_TRUE(back.GetParm());
+  EXPECT_TRUE(back.get_Value().isNull());
+  EXPECT_EQ(back.get_Comment(), Variant("it's local"));
+  EXPECT_EQ(back.get_Locked(), Variant(true));
+
+  parm.put_KeyName("Port");  // a new key names another row: there is none
+  EXPECT_TRUE(parm.UpdateParm());
+  EXPECT_EQ(parm.CountEveryParm("KeyName = 'Port'"), 0);
+  EXPECT_EQ(events_.count(), 0u);
+}
+
+TEST_F(RegisterWriting, AnApostropheInAKeyBreaksUpdateAndDeleteButNotInsert) {
+  Country country;
+  connect(country);
+  country.put_Country("Cote d'Ivoire");
+  ASSERT_TRUE(country.AddCountry());
+  EXPECT_EQ(country.CountEveryCountry("Country = 'Cote d''Ivoire'"), 1);
+  EXPECT_FALSE(country.UpdateCountry());
+  EXPECT_EQ(events_.last().source, "UpdateCountry");
+  EXPECT_FALSE(country.DeleteCountry("Country = 'Cote d'Ivoire'"));
+  EXPECT_EQ(events_.last().source, "DeleteCountry");
+  EXPECT_FALSE(country.DeleteCountry());  // its lookup fails first
+  EXPECT_EQ(events_.last().source, "GetCountry");
+  EXPECT_EQ(country.CountEveryCountry(), 2);
+}
+
+TEST_F(RegisterWriting, DeleteByKeyChecksFirstAndReloadsTheObject) {
+  GroupCode group;
+  connect(group);
+  group.put_GroupCode("ADM");
+  group.put_Group("Admins");
+  group.put_Comment("first");
+  ASSERT_TRUE(group.AddGroupCode());
+
+  GroupCode other;
+  connect(other);
+  other.put_GroupCode("USR");
+  const std::size_t before = statementsSent();
+  EXPECT_FALSE(other.DeleteGroupCode());  // no such row: only the lookup is sent
+  EXPECT_EQ(statementsSent(), before + 1);
+  EXPECT_EQ(events_.count(), 0u);
+  EXPECT_EQ(other.GetLastErrorMessage(), "");
+
+  GroupCode byKey;
+  connect(byKey);
+  byKey.put_GroupCode("adm");
+  ASSERT_TRUE(byKey.DeleteGroupCode());
+  EXPECT_EQ(byKey.get_Comment(), Variant("first"));  // reloaded by the lookup
+  EXPECT_EQ(byKey.CountEveryGroupCode(), 0);
+}
+
+TEST_F(RegisterWriting, DeleteByConditionRemovesEveryMatchingRow) {
+  register_.run({"INSERT INTO [Zone] VALUES ('A', 1)", "INSERT INTO [Zone] VALUES ('B', 1)",
+                 "INSERT INTO [Zone] VALUES ('C', 0)"});
+  Zone zone;
+  connect(zone);
+  EXPECT_TRUE(zone.DeleteZone("Zone = 'Z'"));
+  EXPECT_TRUE(zone.DeleteZone("Test = 1"));
+  EXPECT_EQ(zone.CountEveryZone(), 1);
+  EXPECT_FALSE(zone.DeleteZone(" "));
+  EXPECT_EQ(events_.last().source, "DeleteZone");
+  EXPECT_TRUE(events_.last().message.ends_with("SQL = DELETE FROM [Zone] WHERE  "));
+}
+
+}  // namespace
+}  // namespace varnock
