@@ -82,6 +82,35 @@ void writeMethod(std::ostringstream& out, const Member& m) {
       out << "  bool " << m.name << "(std::string_view strWhereClause = {}) {\n"
           << "    return deleteRows(strWhereClause);\n  }\n";
       break;
+    case MemberRole::GetParentIn:
+      out << "  std::shared_ptr<" << m.resultClass << "> " << m.name << "() {\n"
+          << "    return std::static_pointer_cast<" << m.resultClass << ">(parentIn("
+          << int{m.index} << "));\n  }\n";
+      break;
+    case MemberRole::GetChildrenIn:
+      out << "  std::shared_ptr<Collection> " << m.name << "(" << kClauses << ") {\n"
+          << "    return childrenIn(" << int{m.index} << ", strWhereClause, strOrderClause);\n"
+          << "  }\n";
+      break;
+    case MemberRole::CountChildrenIn:
+      out << "  std::int32_t " << m.name << "() { return countChildrenIn(" << int{m.index}
+          << "); }\n";
+      break;
+    case MemberRole::GetDerivedChildrenIn:
+      if (m.arguments.empty()) {
+        out << "  std::shared_ptr<Collection> " << m.name << "() {\n"
+            << "    return derivedChildrenIn(" << int{m.index} << ", {}, {});\n  }\n";
+      } else {
+        out << "  std::shared_ptr<Collection> " << m.name << "(" << kClauses << ") {\n"
+            << "    return derivedChildrenIn(" << int{m.index}
+            << ", strWhereClause, strOrderClause);\n  }\n";
+      }
+      break;
+    case MemberRole::CountDerivedChildrenIn:
+      out << "  std::int32_t " << m.name << "(" << kClauses << ") {\n"
+          << "    return countDerivedChildrenIn(" << int{m.index}
+          << ", strWhereClause, strOrderClause);\n  }\n";
+      break;
     default:
       return;  // properties and the members every class shares come from Record
   }
@@ -98,8 +127,13 @@ std::string classHeader(const Table& t) {
       << "#include <memory>\n"
       << "#include <string>\n"
       << "#include <string_view>\n\n"
-      << "#include \"varnock/record.h\"\n\n"
-      << "namespace varnock {\n\n"
+      << "#include \"varnock/record.h\"\n";
+  for (const auto& r : t.relations) {
+    if (r.kind == varnock::catalogue::RelationKind::Parent) {
+      out << "#include \"varnock/" << fileStem(r.other) << ".h\"\n";
+    }
+  }
+  out << "\nnamespace varnock {\n\n"
       << "class " << t.name << " final : public Record {\n"
       << " public:\n"
       << "  " << t.name << "() : Record(\"" << t.name << "\") {}\n";

@@ -64,6 +64,16 @@ class GroupCode final : public Record {
   bool AddGroupCode() { return insertRow(); }
   bool UpdateGroupCode() { return updateRow(); }
   bool DeleteGroupCode(std::string_view strWhereClause = {}) { return deleteRows(strWhereClause); }
+  std::shared_ptr<Collection> GetChildrenInGroupMember(std::string_view strWhereClause = {},
+                                                       std::string_view strOrderClause = {}) {
+    return childrenIn(0, strWhereClause, strOrderClause);
+  }
+  std::int32_t CountChildrenInGroupMember() { return countChildrenIn(0); }
+  std::shared_ptr<Collection> GetDerivedChildrenInUser() { return derivedChildrenIn(1, {}, {}); }
+  std::int32_t CountDerivedChildrenInUser(std::string_view strWhereClause = {},
+                                          std::string_view strOrderClause = {}) {
+    return countDerivedChildrenIn(1, strWhereClause, strOrderClause);
+  }
 };
 
 }  // namespace varnock

@@ -8,7 +8,9 @@
 #include <string>
 #include <string_view>
 
+#include "varnock/group_code.h"
 #include "varnock/record.h"
+#include "varnock/user.h"
 
 namespace varnock {
 
@@ -62,6 +64,10 @@ class GroupMember final : public Record {
   bool DeleteGroupMember(std::string_view strWhereClause = {}) {
     return deleteRows(strWhereClause);
   }
+  std::shared_ptr<GroupCode> GetParentInGroupCode() {
+    return std::static_pointer_cast<GroupCode>(parentIn(0));
+  }
+  std::shared_ptr<User> GetParentInUser() { return std::static_pointer_cast<User>(parentIn(1)); }
 };
 
 }  // namespace varnock

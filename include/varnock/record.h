@@ -87,6 +87,19 @@ class Record : public Object {
   bool updateRow();
   bool deleteRows(std::string_view where);
 
+  // The relation operations, by the relation's position among the table's
+  // relations (GetParentInUser, GetChildrenInGroupMember, ...). A failed
+  // parent lookup or listing returns nullptr, a failed count 0; each reports
+  // as the other operations do.
+  std::shared_ptr<Record> parentIn(std::size_t relation);
+  std::shared_ptr<Collection> childrenIn(std::size_t relation, std::string_view where,
+                                         std::string_view order);
+  std::int32_t countChildrenIn(std::size_t relation);
+  std::shared_ptr<Collection> derivedChildrenIn(std::size_t relation, std::string_view where,
+                                                std::string_view order);
+  std::int32_t countDerivedChildrenIn(std::size_t relation, std::string_view where,
+                                      std::string_view order);
+
   // Columns by position, in the table's column order. An out-of-range
   // position raises AutomationError 5.
   std::size_t columnCount() const noexcept { return values_.size(); }

@@ -118,6 +118,29 @@ class User final : public Record {
   bool AddUser() { return insertRow(); }
   bool UpdateUser() { return updateRow(); }
   bool DeleteUser(std::string_view strWhereClause = {}) { return deleteRows(strWhereClause); }
+  std::shared_ptr<Collection> GetChildrenInGroupMember(std::string_view strWhereClause = {},
+                                                       std::string_view strOrderClause = {}) {
+    return childrenIn(0, strWhereClause, strOrderClause);
+  }
+  std::int32_t CountChildrenInGroupMember() { return countChildrenIn(0); }
+  std::shared_ptr<Collection> GetChildrenInZoneAddress(std::string_view strWhereClause = {},
+                                                       std::string_view strOrderClause = {}) {
+    return childrenIn(1, strWhereClause, strOrderClause);
+  }
+  std::int32_t CountChildrenInZoneAddress() { return countChildrenIn(1); }
+  std::shared_ptr<Collection> GetDerivedChildrenInGroupCode(std::string_view strWhereClause = {},
+                                                            std::string_view strOrderClause = {}) {
+    return derivedChildrenIn(2, strWhereClause, strOrderClause);
+  }
+  std::int32_t CountDerivedChildrenInGroupCode(std::string_view strWhereClause = {},
+                                               std::string_view strOrderClause = {}) {
+    return countDerivedChildrenIn(2, strWhereClause, strOrderClause);
+  }
+  std::shared_ptr<Collection> GetDerivedChildrenInZone() { return derivedChildrenIn(3, {}, {}); }
+  std::int32_t CountDerivedChildrenInZone(std::string_view strWhereClause = {},
+                                          std::string_view strOrderClause = {}) {
+    return countDerivedChildrenIn(3, strWhereClause, strOrderClause);
+  }
 };
 
 }  // namespace varnock

@@ -58,6 +58,24 @@ class Zone final : public Record {
   bool AddZone() { return insertRow(); }
   bool UpdateZone() { return updateRow(); }
   bool DeleteZone(std::string_view strWhereClause = {}) { return deleteRows(strWhereClause); }
+  std::shared_ptr<Collection> GetChildrenInZoneAddress(std::string_view strWhereClause = {},
+                                                       std::string_view strOrderClause = {}) {
+    return childrenIn(0, strWhereClause, strOrderClause);
+  }
+  std::int32_t CountChildrenInZoneAddress() { return countChildrenIn(0); }
+  std::shared_ptr<Collection> GetChildrenInZonePool(std::string_view strWhereClause = {},
+                                                    std::string_view strOrderClause = {}) {
+    return childrenIn(1, strWhereClause, strOrderClause);
+  }
+  std::int32_t CountChildrenInZonePool() { return countChildrenIn(1); }
+  std::shared_ptr<Collection> GetDerivedChildrenInUser(std::string_view strWhereClause = {},
+                                                       std::string_view strOrderClause = {}) {
+    return derivedChildrenIn(2, strWhereClause, strOrderClause);
+  }
+  std::int32_t CountDerivedChildrenInUser(std::string_view strWhereClause = {},
+                                          std::string_view strOrderClause = {}) {
+    return countDerivedChildrenIn(2, strWhereClause, strOrderClause);
+  }
 };
 
 }  // namespace varnock

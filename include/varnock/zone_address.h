@@ -9,6 +9,8 @@
 #include <string_view>
 
 #include "varnock/record.h"
+#include "varnock/user.h"
+#include "varnock/zone.h"
 
 namespace varnock {
 
@@ -70,6 +72,8 @@ class ZoneAddress final : public Record {
   bool DeleteZoneAddress(std::string_view strWhereClause = {}) {
     return deleteRows(strWhereClause);
   }
+  std::shared_ptr<User> GetParentInUser() { return std::static_pointer_cast<User>(parentIn(0)); }
+  std::shared_ptr<Zone> GetParentInZone() { return std::static_pointer_cast<Zone>(parentIn(1)); }
 };
 
 }  // namespace varnock

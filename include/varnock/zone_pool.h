@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "varnock/record.h"
+#include "varnock/zone.h"
 
 namespace varnock {
 
@@ -59,6 +60,7 @@ class ZonePool final : public Record {
   bool AddZonePool() { return insertRow(); }
   bool UpdateZonePool() { return updateRow(); }
   bool DeleteZonePool(std::string_view strWhereClause = {}) { return deleteRows(strWhereClause); }
+  std::shared_ptr<Zone> GetParentInZone() { return std::static_pointer_cast<Zone>(parentIn(0)); }
 };
 
 }  // namespace varnock

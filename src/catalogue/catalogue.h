@@ -42,8 +42,11 @@ struct Relation {
   std::string_view through;
   std::string_view joinField;
   std::string_view farField;
-  // Derived relations only: whether the list method takes where and order.
+  // Derived relations only: whether the list method takes where and order,
+  // and whether the join goes through this table too (three tables) rather
+  // than testing the key on the link table alone.
   bool listTakesArguments;
+  bool joinsOwnTable;
 };
 
 struct Table {

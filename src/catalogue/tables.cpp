@@ -16,14 +16,20 @@ constexpr bool refused = true;
 constexpr bool allowed = false;
 
 constexpr Relation parent(std::string_view table, std::string_view field) {
-  return {RelationKind::Parent, table, {}, field, {}, false};
+  return {RelationKind::Parent, table, {}, field, {}, false, false};
 }
 constexpr Relation children(std::string_view table, std::string_view field) {
-  return {RelationKind::Children, table, {}, field, {}, false};
+  return {RelationKind::Children, table, {}, field, {}, false, false};
 }
+constexpr bool kListArguments = true;
+constexpr bool kNoListArguments = false;
+constexpr bool kThroughOwnTable = true;
+constexpr bool kThroughLinkOnly = false;
+
 constexpr Relation derived(std::string_view far, std::string_view link, std::string_view own,
-                           std::string_view farField, bool listTakesArguments) {
-  return {RelationKind::DerivedChildren, far, link, own, farField, listTakesArguments};
+                           std::string_view farField, bool listTakesArguments, bool joinsOwnTable) {
+  return {
+      RelationKind::DerivedChildren, far, link, own, farField, listTakesArguments, joinsOwnTable};
 }
 
 constexpr Column kCountry[] = {{"Country", "Country", nvarchar, refused}};
@@ -46,7 +52,7 @@ constexpr Column kGroupCode[] = {
 constexpr std::uint8_t kGroupCodeKey[] = {0};
 constexpr Relation kGroupCodeRelations[] = {
     children("GroupMember", "GroupCode"),
-    derived("User", "GroupMember", "GroupCode", "UserName", false),
+    derived("User", "GroupMember", "GroupCode", "UserName", kNoListArguments, kThroughOwnTable),
 };
 
 constexpr Column kGroupMember[] = {
@@ -100,8 +106,8 @@ constexpr std::uint8_t kUserKey[] = {0};
 constexpr Relation kUserRelations[] = {
     children("GroupMember", "UserName"),
     children("ZoneAddress", "UserName"),
-    derived("GroupCode", "GroupMember", "UserName", "GroupCode", true),
-    derived("Zone", "ZoneAddress", "UserName", "Zone", false),
+    derived("GroupCode", "GroupMember", "UserName", "GroupCode", kListArguments, kThroughLinkOnly),
+    derived("Zone", "ZoneAddress", "UserName", "Zone", kNoListArguments, kThroughOwnTable),
 };
 
 constexpr Column kZone[] = {
@@ -112,7 +118,7 @@ constexpr std::uint8_t kZoneKey[] = {0};
 constexpr Relation kZoneRelations[] = {
     children("ZoneAddress", "Zone"),
     children("ZonePool", "Zone"),
-    derived("User", "ZoneAddress", "Zone", "UserName", true),
+    derived("User", "ZoneAddress", "Zone", "UserName", kListArguments, kThroughLinkOnly),
 };
 
 constexpr Column kZoneAddress[] = {

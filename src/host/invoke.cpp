@@ -21,11 +21,6 @@ using host::BoundArguments;
                         AutomationError::kRuntimeSource);
 }
 
-[[noreturn]] void notImplementedYet(const Member& member) {
-  throw AutomationError(kNotImplemented, member.name + " is not implemented yet",
-                        AutomationError::kRuntimeSource);
-}
-
 Variant call(Record& object, const Member& member, BoundArguments& arguments) {
   auto& a = arguments.values;
   const bool put = member.kind == InvokeKind::PropertyPut;
@@ -80,9 +75,21 @@ Variant call(Record& object, const Member& member, BoundArguments& arguments) {
       return Variant(object.updateRow());
     case MemberRole::Delete:
       return Variant(object.deleteRows(a[0].asString()));
-    default:
-      notImplementedYet(member);
+    case MemberRole::GetParentIn:
+      return Variant(object.parentIn(member.index));
+    case MemberRole::GetChildrenIn:
+      return Variant(object.childrenIn(member.index, a[0].asString(), a[1].asString()));
+    case MemberRole::CountChildrenIn:
+      return Variant(object.countChildrenIn(member.index));
+    case MemberRole::GetDerivedChildrenIn:
+      // Some list methods take no arguments: they list without condition or order.
+      return Variant(object.derivedChildrenIn(
+          member.index, member.arguments.empty() ? std::string() : a[0].asString(),
+          member.arguments.empty() ? std::string() : a[1].asString()));
+    case MemberRole::CountDerivedChildrenIn:
+      return Variant(object.countDerivedChildrenIn(member.index, a[0].asString(), a[1].asString()));
   }
+  throw AutomationError(kMemberNotFound, "Member not found", AutomationError::kRuntimeSource);
 }
 
 }  // namespace

@@ -49,9 +49,9 @@ void reportFailure(Record& record, std::string_view methodName, const Automation
 AutomationError asAutomationError(const std::exception& failure);
 
 // Runs `body` (taking a Session&) in the frame; on any failure takes the error
-// path under verb + table name and returns `failureValue`.
+// path under `methodName` and returns `failureValue`.
 template <class Result, class Body>
-Result framed(Record& record, std::string_view verb, Result failureValue, Body&& body) {
+Result framedAs(Record& record, std::string_view methodName, Result failureValue, Body&& body) {
   std::string statement;
   try {
     Session session(record, statement);
@@ -59,10 +59,16 @@ Result framed(Record& record, std::string_view verb, Result failureValue, Body&&
     session.close();
     return result;
   } catch (const std::exception& failure) {
-    reportFailure(record, std::string(verb) + record.GetTableName(), asAutomationError(failure),
-                  statement);
+    reportFailure(record, methodName, asAutomationError(failure), statement);
     return failureValue;
   }
+}
+
+// The same for the methods named verb + table name ("GetFirstCountry").
+template <class Result, class Body>
+Result framed(Record& record, std::string_view verb, Result failureValue, Body&& body) {
+  return framedAs(record, std::string(verb) + record.GetTableName(), std::move(failureValue),
+                  std::forward<Body>(body));
 }
 
 // Copies the current row into the record, column by column in column order,

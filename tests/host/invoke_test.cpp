@@ -122,13 +122,6 @@ TEST(Invoke, ConvertsTextToTheDeclaredInteger) {
   // connection string's provider, which this build does not have.
   EXPECT_EQ(call(*zone, "GetNextZone", {{Variant("3")}, {}}), Variant(false));
   EXPECT_EQ(events.last().source, "GetNextZone");
-  try {
-    call(*zone, "GetChildrenInZonePool");
-    FAIL();
-  } catch (const AutomationError& e) {
-    EXPECT_EQ(e.number(), kNotImplemented);
-    EXPECT_EQ(e.description(), "GetChildrenInZonePool is not implemented yet");
-  }
 }
 
 TEST(Invoke, WritesByReferenceArgumentsBack) {
