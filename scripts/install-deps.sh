@@ -6,6 +6,8 @@ packages=(
   cmake ninja-build g++ pkg-config clang-format
   libgtest-dev libgmock-dev libbenchmark-dev
   libsystemd-dev
+  libsqlite3-dev sqlite3
+  pybind11-dev python3-dev
 )
 missing=()
 for p in "${packages[@]}"; do

@@ -31,7 +31,9 @@ class RatioReporter : public benchmark::ConsoleReporter {
   void ReportRuns(const std::vector<Run>& runs) override {
     for (const Run& run : runs) {
       if (run.run_type == Run::RT_Iteration) {
-        nanoseconds_[run.benchmark_name()] = run.GetAdjustedRealTime();
+        // Times come in the benchmark's own unit; keep them in nanoseconds.
+        nanoseconds_[run.benchmark_name()] =
+            run.GetAdjustedRealTime() * 1e9 / benchmark::GetTimeUnitMultiplier(run.time_unit);
         for (const auto& [name, counter] : run.counters) {
           counters_[run.benchmark_name() + ":" + name] = counter.value;
         }

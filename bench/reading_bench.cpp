@@ -1,0 +1,149 @@
+// The reading operations on a register of 10,000 users, each beside the raw
+// SQLite C API running the same statement with the same open-execute-close
+// pattern in the same run.
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+#include <cstdio>
+
+#include "support/bench_register.h"
+#include "support/heap_counter.h"
+#include "support/ratio_reporter.h"
+#include "support/raw_sqlite.h"
+#include "varnock/register.h"
+#include "varnock/varnock.h"
+
+namespace {
+
+using varnock::bench::rawQuery;
+
+constexpr int kUsers = 10000;
+
+varnock::bench::BenchRegister& theRegister() {
+  static varnock::bench::BenchRegister r("reading");
+  static const bool filled = [] {
+    std::vector<std::string> inserts{"INSERT INTO [Country] VALUES ('Norway')"};
+    char name[32];
+    for (int i = 0; i < kUsers; ++i) {
+      std::snprintf(name, sizeof name, "user%05d", i);
+      inserts.push_back(varnock::bench::userRow(name));
+    }
+    r.fill(inserts);
+    return true;
+  }();
+  static_cast<void>(filled);
+  return r;
+}
+
+void rawSingle(benchmark::State& state, const char* sql) {
+  const std::string& path = theRegister().path();
+  for (auto _ : state)
+    benchmark::DoNotOptimize(rawQuery(path, sql, 1));
+}
+
+void BM_RawKeyLookup(benchmark::State& state) {
+  rawSingle(state, "SELECT * FROM [User] WHERE UserName = 'user05000'");
+}
+void BM_GetUser(benchmark::State& state) {
+  varnock::User user;
+  user.put_DSN(theRegister().dsn());
+  user.put_Username("user05000");
+  for (auto _ : state)
+    benchmark::DoNotOptimize(user.GetUser());
+}
+
+void BM_RawFirst(benchmark::State& state) {
+  rawSingle(state, "SELECT * FROM [User] LIMIT 1");
+}
+void BM_GetFirstUser(benchmark::State& state) {
+  varnock::User user;
+  user.put_DSN(theRegister().dsn());
+  for (auto _ : state)
+    benchmark::DoNotOptimize(user.GetFirstUser());
+}
+
+void BM_RawNextAt100(benchmark::State& state) {
+  rawSingle(state,
+            "SELECT * FROM [User] WHERE UserName NOT IN (SELECT UserName FROM [User] LIMIT 100) "
+            "LIMIT 1");
+}
+void BM_GetNextUserAt100(benchmark::State& state) {
+  varnock::User user;
+  user.put_DSN(theRegister().dsn());
+  for (auto _ : state)
+    benchmark::DoNotOptimize(user.GetNextUser(100));
+}
+
+void BM_RawCount(benchmark::State& state) {
+  rawSingle(state, "SELECT Count(*) AS CountResultField FROM [User]");
+}
+void BM_CountEveryUser(benchmark::State& state) {
+  varnock::User user;
+  user.put_DSN(theRegister().dsn());
+  for (auto _ : state)
+    benchmark::DoNotOptimize(user.CountEveryUser());
+}
+
+void BM_RawEvery(benchmark::State& state) {
+  std::size_t peak = 0;
+  for (auto _ : state) {
+    varnock::bench::resetPeak();
+    const std::size_t before = varnock::bench::liveBytes();
+    auto rows = rawQuery(theRegister().path(), "SELECT * FROM [User]");
+    peak = varnock::bench::peakLiveBytes() - before;
+    benchmark::DoNotOptimize(rows.data());
+  }
+  state.counters["peak_heap"] = static_cast<double>(peak);
+}
+void BM_GetEveryUser(benchmark::State& state) {
+  varnock::User user;
+  user.put_DSN(theRegister().dsn());
+  std::size_t peak = 0;
+  for (auto _ : state) {
+    varnock::bench::resetPeak();
+    const std::size_t before = varnock::bench::liveBytes();
+    auto rows = user.GetEveryUser();
+    peak = varnock::bench::peakLiveBytes() - before;
+    if (rows->Count() != kUsers) state.SkipWithError("GetEveryUser did not read every row");
+  }
+  state.counters["peak_heap"] = static_cast<double>(peak);
+}
+
+BENCHMARK(BM_RawKeyLookup);
+BENCHMARK(BM_GetUser);
+BENCHMARK(BM_RawFirst);
+BENCHMARK(BM_GetFirstUser);
+BENCHMARK(BM_RawNextAt100);
+BENCHMARK(BM_GetNextUserAt100);
+BENCHMARK(BM_RawCount);
+BENCHMARK(BM_CountEveryUser);
+BENCHMARK(BM_RawEvery)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_GetEveryUser)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  benchmark::Initialize(&argc, argv);
+  theRegister();
+  varnock::setEventLog("stderr");  // a failure shows at once
+  varnock::bench::RatioReporter reporter({
+      {"BM_GetUser", "BM_RawKeyLookup", 1.3, "key lookup"},
+      {"BM_GetFirstUser", "BM_RawFirst", 1.3, "GetFirst<T>"},
+      {"BM_GetNextUserAt100", "BM_RawNextAt100", 1.3, "GetNext<T> at offset 100"},
+      {"BM_CountEveryUser", "BM_RawCount", 1.3, "CountEvery<T>"},
+      {"BM_GetEveryUser", "BM_RawEvery", 1.5, "GetEvery<T> of 10,000 users"},
+  });
+  benchmark::RunSpecifiedBenchmarks(&reporter);
+  int missed = reporter.printRatios();
+  const double ours = reporter.counter("BM_GetEveryUser", "peak_heap");
+  const double raw = reporter.counter("BM_RawEvery", "peak_heap");
+  if (ours > 0 && raw > 0) {
+    const bool met = ours <= 1.5 * raw;
+    missed += met ? 0 : 1;
+    std::printf("%-34s %-30s %8.2fx %7.2fx  %s %.0f KiB against %.0f KiB\n",
+                "peak heap of GetEveryUser", "peak heap of raw rows", ours / raw, 1.5,
+                met ? "met" : "MISSED", ours / 1024, raw / 1024);
+  }
+  benchmark::Shutdown();
+  return missed == 0 ? 0 : 1;
+}

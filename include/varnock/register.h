@@ -1,0 +1,21 @@
+// Creating a register: a new, empty Tolvane_Register as an SQLite database
+// file, with every table, key and relation that record objects expect. The
+// file stays an ordinary SQLite database that the sqlite3 shell can read and
+// write with plain SQL.
+//
+//   const std::string dsn = varnock::createRegister("/srv/varnock/register.db");
+//   varnock::User user;
+//   user.put_DSN(dsn);
+#pragma once
+
+#include <string>
+
+namespace varnock {
+
+// Creates the register file at `path` and returns the connection string that
+// opens it ("Provider=SQLite;Data Source=" + path). Never writes over an
+// existing file: a path that names one, or that cannot be created, raises
+// AutomationError and leaves the file system as it was.
+std::string createRegister(const std::string& path);
+
+}  // namespace varnock

@@ -1,0 +1,78 @@
+#include "client/sqlite/column_values.h"
+
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "client/sqlite/declared_types.h"
+#include "client/sqlite/stored_dates.h"
+
+namespace varnock::client::sqlite {
+
+namespace {
+
+enum class Declared { Bit, Date, Other };
+
+Declared declaredKind(const char* declaredType) {
+  if (declaredType == nullptr) return Declared::Other;
+  if (declaresType(declaredType, "bit")) return Declared::Bit;
+  if (declaresType(declaredType, "smalldatetime")) return Declared::Date;
+  return Declared::Other;
+}
+
+std::string_view textOf(sqlite3_stmt* statement, int column) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+  return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
+}
+
+// What SQLite holds, as its nearest Variant: integers as Long while they fit
+// in 32 bits (SQL Server's int), larger ones as Double.
+Variant byStorage(sqlite3_stmt* statement, int column, int storage) {
+  switch (storage) {
+    case SQLITE_INTEGER: {
+      const sqlite3_int64 value = sqlite3_column_int64(statement, column);
+      if (value >= std::numeric_limits<std::int32_t>::min() &&
+          value <= std::numeric_limits<std::int32_t>::max()) {
+        return Variant(static_cast<std::int32_t>(value));
+      }
+      return Variant(static_cast<double>(value));
+    }
+    case SQLITE_FLOAT:
+      return Variant(sqlite3_column_double(statement, column));
+    case SQLITE_BLOB: {
+      const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement, column));
+      return Variant(std::string(
+          bytes, bytes + static_cast<std::size_t>(sqlite3_column_bytes(statement, column))));
+    }
+    default:
+      return Variant(std::string(textOf(statement, column)));
+  }
+}
+
+}  // namespace
+
+Variant columnValue(sqlite3_stmt* statement, int column) {
+  const int storage = sqlite3_column_type(statement, column);
+  if (storage == SQLITE_NULL) return Variant::null();
+  switch (declaredKind(sqlite3_column_decltype(statement, column))) {
+    case Declared::Bit:
+      if (storage == SQLITE_INTEGER || storage == SQLITE_FLOAT) {
+        return Variant(sqlite3_column_double(statement, column) != 0.0);
+      }
+      break;
+    case Declared::Date:
+      if (storage == SQLITE_TEXT) {
+        if (const std::optional<Date> date = storedDate(textOf(statement, column))) {
+          return Variant(*date);
+        }
+      }
+      break;
+    case Declared::Other:
+      break;
+  }
+  return byStorage(statement, column, storage);
+}
+
+}  // namespace varnock::client::sqlite

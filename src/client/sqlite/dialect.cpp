@@ -1,0 +1,29 @@
+#include "client/sqlite/dialect.h"
+
+#include <vector>
+
+#include "client/sqlite/date_literals.h"
+#include "client/sqlite/sql_tokens.h"
+#include "client/sqlite/top_clause.h"
+
+namespace varnock::client::sqlite {
+
+std::string toSqliteDialect(std::string_view statement, const RegisterSchema& schema) {
+  std::vector<Token> tokens = tokenize(statement);
+  for (Token& t : tokens) {
+    // SQL Server's Unicode literal; SQLite's literals are Unicode already.
+    if (t.kind == Token::Kind::String && t.text.front() != '\'') t.text.erase(0, 1);
+  }
+  rewriteDateLiterals(tokens, schema);
+  moveTopToLimit(tokens);
+  return joinTokens(tokens);
+}
+
+bool isBlank(std::string_view text) {
+  for (const Token& t : tokenize(text)) {
+    if (isSignificant(t) && !isSymbol(t, ";")) return false;
+  }
+  return true;
+}
+
+}  // namespace varnock::client::sqlite

@@ -1,0 +1,308 @@
+// The SQLite provider against a real register: the statements record objects
+// send behave as they do on SQL Server.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "client/client.h"
+#include "support/temp_register.h"
+#include "varnock/automation_error.h"
+#include "varnock/conversions.h"
+
+namespace varnock::client {
+namespace {
+
+constexpr const char* kSource = "Varnock.SQLite";
+
+class SqliteProvider : public ::testing::Test {
+ protected:
+  void SetUp() override { connection_->open(register_.dsn()); }
+
+  std::unique_ptr<Recordset> run(const std::string& statement) {
+    return connection_->execute(statement);
+  }
+
+  // One field of every row, as text.
+  std::vector<std::string> column(const std::string& statement, const std::string& field) {
+    std::vector<std::string> values;
+    for (auto rows = run(statement); !rows->eof(); rows->moveNext())
+      values.push_back(toText(rows->field(field)));
+    return values;
+  }
+
+  Variant single(const std::string& statement, const std::string& field) {
+    auto rows = run(statement);
+    EXPECT_FALSE(rows->eof()) << statement;
+    return rows->field(field);
+  }
+
+  // The failure a statement raises; fails the test when it raises none.
+  AutomationError refusal(const std::string& statement) {
+    try {
+      run(statement);
+    } catch (const AutomationError& e) {
+      return e;
+    }
+    ADD_FAILURE() << "accepted: " << statement;
+    return AutomationError(0, "", "");
+  }
+
+  void addCountries() {
+    for (const char* name : {"Norway", "chile", "Denmark", "Brazil", "austria"})
+      run(std::string("INSERT INTO [Country] ([Country]) VALUES ('") + name + "')");
+  }
+
+  void addErrorLog(const std::string& date, const std::string& user) {
+    run("INSERT INTO [ErrorLog] ([DateCreated], [UserId], [ErrorNumber], [ErrorDescription]) "
+        "VALUES ('" +
+        date + "', '" + user + "', 5, 'failed')");
+  }
+
+  testing::TempRegister register_;
+  std::unique_ptr<Connection> connection_ = createConnection();
+};
+
+using Names = std::vector<std::string>;
+
+TEST_F(SqliteProvider, TopLimitsOuterAndInnerQueriesOfTheNavigationStatements) {
+  addCountries();
+  EXPECT_EQ(column("SELECT TOP 1 * FROM [Country] WHERE Country NOT IN  (SELECT TOP 2 Country "
+                   "FROM [Country] ORDER BY Country) ORDER BY Country",
+                   "Country"),
+            Names{"chile"});
+  EXPECT_EQ(column("SELECT TOP 2 * FROM [Country] WHERE Country NOT IN  (SELECT TOP 1 Country "
+                   "FROM [Country] WHERE Country <> 'chile' ORDER BY Country DESC) AND Country "
+                   "<> 'chile' ORDER BY Country DESC",
+                   "Country"),
+            (Names{"Denmark", "Brazil"}));
+  EXPECT_EQ(column("SELECT TOP 0 * FROM [Country]", "Country"), Names{});
+  EXPECT_EQ(single("SELECT Count(*) AS CountResultField FROM [Country] WHERE Country NOT IN "
+                   "('NORWAY', 'Chile')",
+                   "CountResultField"),
+            Variant(std::int32_t{3}));
+}
+
+TEST_F(SqliteProvider, TopCountsSqlServerRefusesAreRefused) {
+  addCountries();
+  const AutomationError fraction = refusal("SELECT TOP 2.5 * FROM [Country]");
+  EXPECT_EQ(fraction.number(), kCommandFailed);
+  EXPECT_EQ(fraction.source(), kSource);
+  EXPECT_EQ(fraction.description(),
+            "The number of rows provided for a TOP or FETCH clauses row count parameter must be "
+            "an integer.");
+  const AutomationError negative = refusal("SELECT TOP -1 * FROM [Country]");
+  EXPECT_EQ(negative.number(), kCommandFailed);
+  EXPECT_EQ(negative.description(), "A TOP or FETCH clause contains an invalid value.");
+}
+
+TEST_F(SqliteProvider, LiteralsKeepEveryCharacter) {
+  const std::string text = "SELECT TOP 5 it''s [x]; -- /*";
+  run("INSERT INTO [Country] VALUES ('" + text + "')");
+  EXPECT_EQ(column("SELECT TOP 1 * FROM [Country] WHERE Country = '" + text + "'", "Country"),
+            Names{"SELECT TOP 5 it's [x]; -- /*"});
+}
+
+TEST_F(SqliteProvider, NavigationWithoutANavigationColumnFails) {
+  addErrorLog("5/4/2000", "ann");
+  for (const std::string statement :
+       {"SELECT TOP 1 * FROM [ErrorLog] WHERE  NOT IN  (SELECT TOP 1  FROM [ErrorLog])",
+        "SELECT TOP 1 * FROM [LogFile] WHERE  NOT IN  (SELECT TOP 2  FROM [LogFile] ORDER BY "
+        "ProgramName) ORDER BY ProgramName",
+        "SELECT TOP 1 * FROM [ErrorLog] ORDER BY  DESC"}) {
+    const AutomationError e = refusal(statement);
+    EXPECT_EQ(e.number(), kCommandFailed) << statement;
+    EXPECT_FALSE(e.description().empty());
+  }
+}
+
+TEST_F(SqliteProvider, TextComparesAndSortsWithoutRegardToCase) {
+  addCountries();
+  EXPECT_EQ(column("SELECT * FROM [Country] WHERE Country = 'NORWAY'", "Country"), Names{"Norway"});
+  EXPECT_EQ(column("SELECT * FROM [Country] ORDER BY Country", "Country"),
+            (Names{"austria", "Brazil", "chile", "Denmark", "Norway"}));
+  EXPECT_EQ(refusal("INSERT INTO [Country] VALUES ('DENMARK')").description(),
+            "UNIQUE constraint failed: Country.Country");
+}
+
+TEST_F(SqliteProvider, DatesInEveryAcceptedFormAreStoredAsOneDate) {
+  for (const char* written : {"2000/5/4 13:45:00PM", "5/4/2000 1:45:00 PM", "2000/5/4 13:45:29"})
+    addErrorLog(written, "ann");
+  for (const char* written : {"2000-05-04", "May 4, 2000"})
+    addErrorLog(written, "bob");
+  EXPECT_EQ(
+      column("SELECT DateCreated || '' AS Stored FROM [ErrorLog] WHERE UserId = 'ann'", "Stored"),
+      Names(3, "2000-05-04 13:45:00"));
+  EXPECT_EQ(
+      column("SELECT DateCreated || '' AS Stored FROM [ErrorLog] WHERE UserId = 'bob'", "Stored"),
+      Names(2, "2000-05-04 00:00:00"));
+  const Variant read = single("SELECT * FROM [ErrorLog] WHERE UserId = 'ann'", "DateCreated");
+  ASSERT_EQ(read.type(), Variant::Type::Date);
+  EXPECT_EQ(read.asDate().civil(), (CivilDateTime{2000, 5, 4, 13, 45, 0}));
+}
+
+TEST_F(SqliteProvider, DatesRoundToTheMinuteOnInsertAndUpdate) {
+  addErrorLog("2000/5/4 13:45:30PM", "ann");
+  EXPECT_EQ(column("SELECT DateCreated || '' AS Stored FROM [ErrorLog]", "Stored"),
+            Names{"2000-05-04 13:46:00"});
+  run("UPDATE [ErrorLog] SET [DateCreated] = '2000/12/31 23:59:31', [UserId] = 'ann' WHERE "
+      "UserId = 'ann'");
+  EXPECT_EQ(column("SELECT DateCreated || '' AS Stored FROM [ErrorLog]", "Stored"),
+            Names{"2001-01-01 00:00:00"});
+}
+
+TEST_F(SqliteProvider, DateComparisonsCompareDatesNotTexts) {
+  addErrorLog("12/1/1999", "december");
+  addErrorLog("5/4/2000 1:45:00 PM", "afternoon");
+  addErrorLog("May 4, 2000", "midnight");
+  addErrorLog("2000-05-10", "later");
+  EXPECT_EQ(column("SELECT * FROM [ErrorLog] WHERE DateCreated > '5/4/2000' ORDER BY DateCreated",
+                   "UserId"),
+            (Names{"afternoon", "later"}));
+  EXPECT_EQ(column("SELECT * FROM [ErrorLog] WHERE 'May 4, 2000' = DateCreated", "UserId"),
+            Names{"midnight"});
+  EXPECT_EQ(column("SELECT * FROM [ErrorLog] WHERE DateCreated = '5/4/2000 1:45:00 PM' AND  "
+                   "UserId = 'afternoon'",
+                   "UserId"),
+            Names{"afternoon"});
+  EXPECT_EQ(column("SELECT * FROM [ErrorLog] WHERE [ErrorLog].DateCreated BETWEEN '2000-01-01' "
+                   "AND '5/4/2000 11:59 PM' OR DateCreated IN ('12/1/1999') ORDER BY "
+                   "DateCreated DESC",
+                   "UserId"),
+            (Names{"afternoon", "midnight", "december"}));
+}
+
+TEST_F(SqliteProvider, ALiteralThatIsNoDateWhereADateIsNeededIsRefused) {
+  const AutomationError insert =
+      refusal("INSERT INTO [ErrorLog] VALUES ('someday', 'ann', 1, 'x', NULL)");
+  EXPECT_EQ(insert.number(), kCommandFailed);
+  EXPECT_EQ(insert.description(),
+            "Conversion failed when converting date and/or time from character string.");
+  EXPECT_EQ(refusal("SELECT * FROM [ErrorLog] WHERE DateCreated < 'someday'").description(),
+            insert.description());
+  EXPECT_EQ(single("SELECT Count(*) AS n FROM [ErrorLog]", "n"), Variant(std::int32_t{0}));
+  // A date-like text in a text column stays the text it is.
+  addErrorLog("5/4/2000", "5/4/2000");
+  EXPECT_EQ(column("SELECT * FROM [ErrorLog] WHERE UserId = '5/4/2000'", "UserId"),
+            Names{"5/4/2000"});
+}
+
+TEST_F(SqliteProvider, ValuesComeBackAsTheirAutomationTypes) {
+  run("INSERT INTO [Zone] ([Zone], [Test]) VALUES ('north', 1)");
+  run("INSERT INTO [Zone] ([Zone], [Test]) VALUES ('south', 0)");
+  run("INSERT INTO [ZonePool] ([Zone], [Address]) VALUES ('north', 42)");
+  run("INSERT INTO [Parm] ([Section], [KeyName], [Locked]) VALUES ('s', 'k', 0)");
+  EXPECT_EQ(single("SELECT * FROM [Zone] WHERE Zone = 'north'", "Test"), Variant(true));
+  EXPECT_EQ(single("SELECT * FROM [Zone] WHERE Zone = 'south'", "Test"), Variant(false));
+  EXPECT_EQ(single("SELECT * FROM [ZonePool]", "Address"), Variant(std::int32_t{42}));
+  EXPECT_EQ(single("SELECT * FROM [ZonePool]", "Zone"), Variant("north"));
+  EXPECT_EQ(single("SELECT * FROM [Parm]", "Value"), Variant::null());
+  EXPECT_EQ(single("SELECT * FROM [Parm]", "Locked"), Variant(false));
+  EXPECT_EQ(single("SELECT Count(*) AS CountResultField FROM [Zone]", "CountResultField"),
+            Variant(std::int32_t{2}));
+  EXPECT_EQ(single("SELECT 2.5 AS Half", "Half"), Variant(2.5));
+  EXPECT_EQ(single("SELECT 3000000000 AS Big", "Big"), Variant(3000000000.0));
+  EXPECT_EQ(single("SELECT NULL AS Missing", "Missing"), Variant::null());
+}
+
+TEST_F(SqliteProvider, KeysRelationsAndNotNullAreEnforced) {
+  run("INSERT INTO [Zone] ([Zone], [Test]) VALUES ('north', 1)");
+  run("INSERT INTO [ZonePool] ([Zone], [Address]) VALUES ('north', 1)");
+  auto expectRefused = [&](const std::string& statement, const std::string& description) {
+    const AutomationError e = refusal(statement);
+    EXPECT_EQ(e.number(), kCommandFailed) << statement;
+    EXPECT_EQ(e.source(), kSource) << statement;
+    EXPECT_EQ(e.description(), description) << statement;
+  };
+  expectRefused("INSERT INTO [ZonePool] ([Zone], [Address]) VALUES ('NORTH', 1)",
+                "UNIQUE constraint failed: ZonePool.Zone, ZonePool.Address");
+  expectRefused("INSERT INTO [ZonePool] ([Zone], [Address]) VALUES ('west', 2)",
+                "FOREIGN KEY constraint failed");
+  expectRefused("INSERT INTO [GroupMember] ([GroupCode], [UserName]) VALUES ('ADM', 'jdoe')",
+                "FOREIGN KEY constraint failed");
+  expectRefused("DELETE FROM [Zone] WHERE Zone = 'north'", "FOREIGN KEY constraint failed");
+  expectRefused(
+      "INSERT INTO [User] ([UserName], [Country], [Password], [Email], [Authorized]) "
+      "VALUES ('jdoe', 'Chad', 'pw', 'j@x', 1)",
+      "NOT NULL constraint failed: User.Lastname");
+  // The logs have no key: the same entry twice is two entries.
+  addErrorLog("5/4/2000", "ann");
+  addErrorLog("5/4/2000", "ann");
+  EXPECT_EQ(single("SELECT Count(*) AS n FROM [ErrorLog]", "n"), Variant(std::int32_t{2}));
+}
+
+TEST_F(SqliteProvider, RejectedStatementsCarrySqlitesOwnMessage) {
+  EXPECT_EQ(refusal("SELECT * FROM [Nowhere]").description(), "no such table: Nowhere");
+  // A double-quoted word names a column, as on SQL Server; it is no literal.
+  EXPECT_EQ(refusal("SELECT * FROM [Country] WHERE Country = \"Chad\"").description(),
+            "no such column: Chad");
+}
+
+TEST_F(SqliteProvider, RunsOneStatementAtATime) {
+  const AutomationError e =
+      refusal("INSERT INTO [Country] VALUES ('Chad'); INSERT INTO [Country] VALUES ('Peru')");
+  EXPECT_EQ(e.number(), kCommandFailed);
+  EXPECT_EQ(single("SELECT Count(*) AS n FROM [Country]", "n"), Variant(std::int32_t{0}));
+  run("INSERT INTO [Country] VALUES ('Chad'); -- one statement, one separator\n");
+  EXPECT_EQ(single("SELECT Count(*) AS n FROM [Country]", "n"), Variant(std::int32_t{1}));
+}
+
+TEST_F(SqliteProvider, RecordsetReadsFieldsByFirstNameInAnyCase) {
+  EXPECT_EQ(single("SELECT 'first' AS Name, 'second' AS NAME", "name"), Variant("first"));
+  run("INSERT INTO [GroupCode] ([GroupCode], [Group]) VALUES ('ADM', 'Admins')");
+  run("INSERT INTO [User] ([UserName], [Lastname], [Country], [Password], [Email], "
+      "[Authorized]) VALUES ('jdoe', 'Doe', 'Chad', 'pw', 'j@x', 1)");
+  run("INSERT INTO [GroupMember] ([GroupCode], [UserName]) VALUES ('adm', 'JDOE')");
+  auto rows =
+      run("SELECT * FROM [GroupMember], [GroupCode]  WHERE [GroupCode].GroupCode = "
+          "[GroupMember].GroupCode AND [GroupMember].UserName = 'jdoe'");
+  ASSERT_FALSE(rows->eof());
+  EXPECT_EQ(rows->field("GroupCode"), Variant("adm"));  // GroupMember's, the first
+  EXPECT_EQ(rows->field("group"), Variant("Admins"));
+  rows->moveNext();
+  EXPECT_TRUE(rows->eof());
+}
+
+TEST_F(SqliteProvider, RecordsetWithoutACurrentRowOrFieldFailsAsTheClientDoes) {
+  addCountries();
+  auto rows = run("SELECT * FROM [Country] WHERE Country = 'Chad'");
+  EXPECT_TRUE(rows->eof());
+  try {
+    rows->field("Country");
+    ADD_FAILURE() << "read a field at the end";
+  } catch (const AutomationError& e) {
+    EXPECT_EQ(e.number(), kNoCurrentRecord);
+    EXPECT_EQ(e.description(), kNoCurrentRecordText);
+  }
+  EXPECT_THROW(rows->moveNext(), AutomationError);
+  auto found = run("SELECT * FROM [Country]");
+  try {
+    found->field("Countries");
+    ADD_FAILURE() << "read an unknown field";
+  } catch (const AutomationError& e) {
+    EXPECT_EQ(e.number(), kItemNotFound);
+    EXPECT_EQ(e.description(), kItemNotFoundText);
+  }
+  EXPECT_TRUE(run("INSERT INTO [Country] VALUES ('Chad')")->eof());
+}
+
+TEST_F(SqliteProvider, RowsStayReadableAfterTheConnectionCloses) {
+  addCountries();
+  auto rows = run("SELECT * FROM [Country] ORDER BY Country");
+  connection_->close();
+  connection_->close();
+  std::vector<std::string> names;
+  for (; !rows->eof(); rows->moveNext())
+    names.push_back(toText(rows->field("Country")));
+  EXPECT_EQ(names.size(), 5u);
+  try {
+    connection_->execute("SELECT * FROM [Country]");
+    ADD_FAILURE() << "ran a statement on a closed connection";
+  } catch (const AutomationError& e) {
+    EXPECT_EQ(e.number(), kConnectionClosed);
+  }
+}
+
+}  // namespace
+}  // namespace varnock::client
