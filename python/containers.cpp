@@ -1,0 +1,132 @@
+#include "containers.h"
+
+#include <memory>
+#include <string>
+
+#include "values.h"
+#include "varnock/collection.h"
+#include "varnock/conversions.h"
+#include "varnock/dictionary.h"
+
+namespace varnock::python {
+
+namespace {
+
+// Iteration goes by position and checks the length on every step, so a
+// container that grows or is added to while it is iterated stays safe.
+template <class Container>
+struct Cursor {
+  std::shared_ptr<Container> container;
+  std::int32_t next = 0;
+
+  bool done() const { return next >= container->Count(); }
+};
+
+py::str textObject(const std::string& text) {
+  PyObject* object = newText(text);
+  if (object == nullptr) throw py::error_already_set();
+  return py::reinterpret_steal<py::str>(object);
+}
+
+std::string countText(std::int32_t count) {
+  return std::to_string(count) + (count == 1 ? " item" : " items");
+}
+
+void defineDictionary(py::module_& m) {
+  using KeyCursor = Cursor<Dictionary>;
+  py::class_<KeyCursor>(m, "DictionaryIterator", py::is_final())
+      .def("__iter__", [](py::object self) { return self; })
+      .def("__next__", [](KeyCursor& c) {
+        if (c.done()) throw py::stop_iteration();
+        return textObject((c.container->begin() + c.next++)->first);
+      });
+
+  py::class_<Dictionary, std::shared_ptr<Dictionary>>(
+      m, "Dictionary", py::is_final(),
+      "An ordered dictionary of text keys to values, the kind that GetDictionary returns and "
+      "SetDictionary takes. Keys keep their insertion order and compare exactly.")
+      .def(py::init([] { return std::make_shared<Dictionary>(); }))
+      .def(
+          "Add",
+          [](Dictionary& d, py::object key, py::object item) {
+            d.Add(textOf(key), toVariant(item));
+          },
+          py::arg("key"), py::arg("item"), "Adds a new key; an existing key raises error 457.")
+      .def(
+          "Item",
+          [](const Dictionary& d, py::object key) {
+            return fromVariant(Variant(d.Item(textOf(key))));
+          },
+          py::arg("key"), "The item of a key; a missing key raises error 5.")
+      .def("__getitem__", [](const Dictionary& d,
+                             py::object key) { return fromVariant(Variant(d.Item(textOf(key)))); })
+      .def("__setitem__", [](Dictionary& d, py::object key,
+                             py::object item) { d.SetItem(textOf(key), toVariant(item)); })
+      .def(
+          "Exists", [](const Dictionary& d, py::object key) { return d.Exists(textOf(key)); },
+          py::arg("key"))
+      .def("__contains__",
+           [](const Dictionary& d, py::object key) { return d.Exists(textOf(key)); })
+      .def(
+          "Keys",
+          [](const Dictionary& d) {
+            py::list keys;
+            for (const auto& entry : d)
+              keys.append(textObject(entry.first));
+            return keys;
+          },
+          "The keys, in insertion order.")
+      .def(
+          "Items",
+          [](const Dictionary& d) {
+            py::list items;
+            for (const auto& entry : d)
+              items.append(fromVariant(entry.second));
+            return items;
+          },
+          "The items, in the order of their keys.")
+      .def_property_readonly("Count", &Dictionary::Count)
+      .def("__len__", &Dictionary::Count)
+      .def("__iter__", [](const std::shared_ptr<Dictionary>& d) { return KeyCursor{d}; })
+      .def("__repr__", [](const Dictionary& d) {
+        return "<varnock.Dictionary with " + countText(d.Count()) + ">";
+      });
+}
+
+void defineCollection(py::module_& m) {
+  using ItemCursor = Cursor<Collection>;
+  py::class_<ItemCursor>(m, "CollectionIterator", py::is_final())
+      .def("__iter__", [](py::object self) { return self; })
+      .def("__next__", [](ItemCursor& c) {
+        if (c.done()) throw py::stop_iteration();
+        return fromVariant(Variant(*(c.container->begin() + c.next++)));
+      });
+
+  py::class_<Collection, std::shared_ptr<Collection>>(
+      m, "Collection", py::is_final(),
+      "The ordered, keyless collection that the listing methods return; Item counts from 1.")
+      .def(py::init([] { return std::make_shared<Collection>(); }))
+      .def(
+          "Add", [](Collection& c, py::object item) { c.Add(toVariant(item)); }, py::arg("item"))
+      .def(
+          "Item",
+          [](const Collection& c, py::object index) {
+            return fromVariant(Variant(c.Item(toLong(toVariant(index)))));
+          },
+          py::arg("index"), "The item at a position from 1 to Count; others raise error 9.")
+      .def_property_readonly("Count", &Collection::Count)
+      .def("__len__", &Collection::Count)
+      .def("__iter__", [](const std::shared_ptr<Collection>& c) { return ItemCursor{c}; })
+      .def("__repr__", [](const Collection& c) {
+        return "<varnock.Collection with " + countText(c.Count()) + ">";
+      });
+}
+
+}  // namespace
+
+void defineContainers(py::module_& m) {
+  defineDictionary(m);
+  defineCollection(m);
+}
+
+}  // namespace varnock::python
