@@ -13,15 +13,6 @@ namespace varnock::client::sqlite {
 
 namespace {
 
-enum class Declared { Bit, Date, Other };
-
-Declared declaredKind(const char* declaredType) {
-  if (declaredType == nullptr) return Declared::Other;
-  if (declaresType(declaredType, "bit")) return Declared::Bit;
-  if (declaresType(declaredType, "smalldatetime")) return Declared::Date;
-  return Declared::Other;
-}
-
 std::string_view textOf(sqlite3_stmt* statement, int column) {
   const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
   return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
@@ -53,23 +44,31 @@ Variant byStorage(sqlite3_stmt* statement, int column, int storage) {
 
 }  // namespace
 
-Variant columnValue(sqlite3_stmt* statement, int column) {
+DeclaredKind declaredKind(sqlite3_stmt* statement, int column) {
+  const char* declaredType = sqlite3_column_decltype(statement, column);
+  if (declaredType == nullptr) return DeclaredKind::Other;
+  if (declaresType(declaredType, "bit")) return DeclaredKind::Bit;
+  if (declaresType(declaredType, "smalldatetime")) return DeclaredKind::Date;
+  return DeclaredKind::Other;
+}
+
+Variant columnValue(sqlite3_stmt* statement, int column, DeclaredKind kind) {
   const int storage = sqlite3_column_type(statement, column);
   if (storage == SQLITE_NULL) return Variant::null();
-  switch (declaredKind(sqlite3_column_decltype(statement, column))) {
-    case Declared::Bit:
+  switch (kind) {
+    case DeclaredKind::Bit:
       if (storage == SQLITE_INTEGER || storage == SQLITE_FLOAT) {
         return Variant(sqlite3_column_double(statement, column) != 0.0);
       }
       break;
-    case Declared::Date:
+    case DeclaredKind::Date:
       if (storage == SQLITE_TEXT) {
         if (const std::optional<Date> date = storedDate(textOf(statement, column))) {
           return Variant(*date);
         }
       }
       break;
-    case Declared::Other:
+    case DeclaredKind::Other:
       break;
   }
   return byStorage(statement, column, storage);

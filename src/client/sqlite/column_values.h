@@ -10,6 +10,13 @@
 
 namespace varnock::client::sqlite {
 
-Variant columnValue(sqlite3_stmt* statement, int column);
+// What a column's declared type says about its values.
+enum class DeclaredKind { Bit, Date, Other };
+
+// The kind of a result column; the same for every row, so callers reading
+// many rows ask once.
+DeclaredKind declaredKind(sqlite3_stmt* statement, int column);
+
+Variant columnValue(sqlite3_stmt* statement, int column, DeclaredKind kind);
 
 }  // namespace varnock::client::sqlite

@@ -1,5 +1,8 @@
 #include "client/sqlite/register_schema.h"
 
+#include <mutex>
+#include <unordered_map>
+
 #include "automation/text.h"
 #include "client/client.h"
 #include "client/sqlite/declared_types.h"
@@ -32,6 +35,33 @@ RegisterSchema RegisterSchema::read(sqlite3* db) {
                      textOf(statement.get(), 2));
   }
   if (stepped != SQLITE_DONE) fail(kCannotOpen, sqlite3_errmsg(db));
+  return schema;
+}
+
+std::shared_ptr<const RegisterSchema> RegisterSchema::cached(sqlite3* db, const std::string& path) {
+  sqlite3_stmt* raw = nullptr;
+  if (sqlite3_prepare_v2(db, "PRAGMA schema_version", -1, &raw, nullptr) != SQLITE_OK) {
+    fail(kCannotOpen, sqlite3_errmsg(db));
+  }
+  const StatementHandle statement(raw);
+  if (sqlite3_step(statement.get()) != SQLITE_ROW) fail(kCannotOpen, sqlite3_errmsg(db));
+  const sqlite3_int64 version = sqlite3_column_int64(statement.get(), 0);
+
+  struct Entry {
+    sqlite3_int64 version;
+    std::shared_ptr<const RegisterSchema> schema;
+  };
+  static std::mutex mutex;
+  static std::unordered_map<std::string, Entry> byPath;
+  {
+    std::lock_guard lock(mutex);
+    if (const auto it = byPath.find(path); it != byPath.end() && it->second.version == version) {
+      return it->second.schema;
+    }
+  }
+  auto schema = std::make_shared<const RegisterSchema>(read(db));
+  std::lock_guard lock(mutex);
+  byPath[path] = Entry{version, schema};
   return schema;
 }
 

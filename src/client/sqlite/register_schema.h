@@ -4,6 +4,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,6 +23,10 @@ class RegisterSchema {
   // The schema of an open database. Raises kCannotOpen with SQLite's message
   // when it cannot be read (a file that is not a database, for one).
   static RegisterSchema read(sqlite3* db);
+
+  // The schema of the database at `path`, read once per process and again
+  // only when the database's schema version has changed since.
+  static std::shared_ptr<const RegisterSchema> cached(sqlite3* db, const std::string& path);
 
   // Adds a column at the end of a table's list, by its declared type.
   void addColumn(std::string_view table, std::string_view column, std::string_view declaredType);

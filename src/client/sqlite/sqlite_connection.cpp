@@ -57,13 +57,13 @@ void SqliteConnection::openDataSource(const ConnectionString& connectionString) 
   }
   DatabaseHandle db = openExisting(*path);
   configure(db.get());
-  schema_ = RegisterSchema::read(db.get());
+  schema_ = RegisterSchema::cached(db.get(), *path);
   db_ = std::move(db);
 }
 
 std::unique_ptr<Recordset> SqliteConnection::execute(std::string_view statement) {
   if (!db_) fail(kConnectionClosed, "Operation is not allowed when the object is closed.");
-  const std::string sql = toSqliteDialect(statement, schema_);
+  const std::string sql = toSqliteDialect(statement, *schema_);
   sqlite3_stmt* raw = nullptr;
   const char* tail = nullptr;
   const int prepared =

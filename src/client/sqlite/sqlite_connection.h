@@ -27,7 +27,7 @@ class SqliteConnection final : public Connection {
   void openDataSource(const ConnectionString& connectionString);
 
   SharedDatabase db_;
-  RegisterSchema schema_;  // read when the connection opens
+  std::shared_ptr<const RegisterSchema> schema_;  // as the database declares it at open
 };
 
 }  // namespace varnock::client::sqlite

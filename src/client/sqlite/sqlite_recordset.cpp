@@ -12,20 +12,38 @@ SqliteRecordset::SqliteRecordset(SharedDatabase db, StatementHandle statement, b
     : db_(std::move(db)), statement_(std::move(statement)), onRow_(onRow) {
   const int count = sqlite3_column_count(statement_.get());
   names_.reserve(static_cast<std::size_t>(count));
+  kinds_.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) {
     const char* name = sqlite3_column_name(statement_.get(), i);
     names_.emplace_back(name == nullptr ? "" : name);
+    kinds_.push_back(declaredKind(statement_.get(), i));
+    bool first = true;
+    for (int earlier = 0; earlier < i && first; ++earlier) {
+      first = !equalsIgnoringCase(names_[static_cast<std::size_t>(earlier)], names_.back());
+    }
+    firstOfName_.push_back(first);
   }
   if (!onRow_) statement_.reset();
 }
 
 Variant SqliteRecordset::field(std::string_view name) const {
-  for (std::size_t i = 0; i < names_.size(); ++i) {
-    if (!equalsIgnoringCase(names_[i], name)) continue;
-    if (!onRow_) fail(kNoCurrentRecord, kNoCurrentRecordText);
-    return columnValue(statement_.get(), static_cast<int>(i));
+  std::size_t found = names_.size();
+  // The guess holds only for the first field of its name: that is the one read.
+  if (nextGuess_ < names_.size() && firstOfName_[nextGuess_] &&
+      equalsIgnoringCase(names_[nextGuess_], name)) {
+    found = nextGuess_;
+  } else {
+    for (std::size_t i = 0; i < names_.size(); ++i) {
+      if (equalsIgnoringCase(names_[i], name)) {
+        found = i;
+        break;
+      }
+    }
   }
-  fail(kItemNotFound, kItemNotFoundText);
+  if (found == names_.size()) fail(kItemNotFound, kItemNotFoundText);
+  if (!onRow_) fail(kNoCurrentRecord, kNoCurrentRecordText);
+  nextGuess_ = (found + 1) % names_.size();
+  return columnValue(statement_.get(), static_cast<int>(found), kinds_[found]);
 }
 
 void SqliteRecordset::moveNext() {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "client/client.h"
+#include "client/sqlite/column_values.h"
 #include "client/sqlite/sqlite_handles.h"
 
 namespace varnock::client::sqlite {
@@ -27,6 +28,11 @@ class SqliteRecordset final : public Recordset {
   SharedDatabase db_;  // declared first, so the statement finalises before it goes
   StatementHandle statement_;
   std::vector<std::string> names_;
+  std::vector<DeclaredKind> kinds_;  // per column, from its declared type
+  std::vector<bool> firstOfName_;    // per column: no earlier column has its name
+  // Callers read the fields of a row in order: the search starts after the
+  // field found last.
+  mutable std::size_t nextGuess_ = 0;
   bool onRow_;
 };
 
