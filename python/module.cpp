@@ -9,6 +9,8 @@
 #include "values.h"
 #include "varnock/event_log.h"
 #include "varnock/host.h"
+#include "varnock/register.h"
+#include "varnock/sql_trace.h"
 #include "varnock/type_library.h"
 
 namespace py = pybind11;
@@ -52,6 +54,27 @@ PYBIND11_MODULE(varnock, m) {
       py::arg("setting"),
       "Where event log entries go: \"syslog\", \"journal\", \"file:PATH\" (JSON Lines) or "
       "\"stderr\"; for the whole process, as VARNOCK_EVENT_LOG chooses at start.");
+
+  // Paths may be given as str or any os.PathLike.
+  const auto pathText = [](py::object path) {
+    return py::module_::import("os").attr("fspath")(path).cast<std::string>();
+  };
+
+  m.def(
+      "create_register",
+      [pathText](py::object path) { return varnock::createRegister(pathText(path)); },
+      py::arg("path"),
+      "Creates a new, empty SQLite register at path (an existing file is never overwritten: "
+      "AutomationError) and returns its connection string, for the objects' DSN.");
+
+  m.def(
+      "set_sql_trace",
+      [pathText](py::object path) {
+        varnock::setSqlTrace(path.is_none() ? std::string() : pathText(path));
+      },
+      py::arg("path"),
+      "Appends one JSON Lines entry per statement sent to the database to path (time, sql, ok, "
+      "error, elapsed_us); None switches the trace off.");
 
   m.def(
       "idl", [] { return varnock::typeLibraryText(); },
