@@ -1,0 +1,76 @@
+// The varnock tool's descriptive commands: members, idl and help.
+#include <gtest/gtest.h>
+
+#include "tools/cli_fixture.h"
+#include "varnock/host.h"
+#include "varnock/type_library.h"
+
+namespace varnock::testing {
+namespace {
+
+using Describing = VarnockCli;
+
+// Splits a line at runs of two or more blanks.
+std::vector<std::string> cellsOf(const std::string& line) {
+  std::vector<std::string> cells;
+  std::size_t at = 0;
+  while (at < line.size()) {
+    std::size_t end = line.find("  ", at);
+    if (end == std::string::npos) end = line.size();
+    cells.push_back(line.substr(at, end - at));
+    at = line.find_first_not_of(' ', end);
+    if (at == std::string::npos) break;
+  }
+  return cells;
+}
+
+TEST_F(Describing, MembersListsTheInterfaceInOrderWithHexIdentifiers) {
+  for (const std::string className : {"Country", "Varnock.User", "zoneaddress"}) {
+    const ProgramRun run = varnock({"members", className});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const auto lines = linesOf(run.out);
+    const std::vector<MemberDescription> expected = members(className);
+    ASSERT_EQ(lines.size(), expected.size() + 1) << run.out;
+    EXPECT_EQ(cellsOf(lines[0]), (std::vector<std::string>{"NAME", "DISPID", "KIND", "ARGUMENTS"}));
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+      const MemberDescription& m = expected[i];
+      const auto cells = cellsOf(lines[i + 1]);
+      ASSERT_GE(cells.size(), 3u) << lines[i + 1];
+      EXPECT_EQ(cells[0], m.name);
+      EXPECT_EQ(std::stoul(cells[1], nullptr, 16), static_cast<std::uint32_t>(m.dispatchId))
+          << cells[1];
+      EXPECT_EQ(cells[1].substr(0, 2), "0x");
+      EXPECT_EQ(cells[2], m.kind);
+      std::string arguments;
+      for (const std::string& a : m.argumentNames)
+        arguments += (arguments.empty() ? "" : ", ") + a;
+      EXPECT_EQ(cells.size() > 3 ? cells[3] : "", arguments) << lines[i + 1];
+    }
+  }
+}
+
+TEST_F(Describing, IdlPrintsTheTypeLibraryText) {
+  const ProgramRun run = varnock({"idl"});
+  EXPECT_EQ(run.status, 0);
+  // Compared as a whole, but reported by size: the text runs to many pages.
+  EXPECT_TRUE(run.out == typeLibraryText())
+      << run.out.size() << " characters printed, " << typeLibraryText().size() << " expected";
+}
+
+TEST_F(Describing, HelpExplainsCommandsNotationEnvironmentAndStatuses) {
+  const ProgramRun help = varnock({"--help"});
+  EXPECT_EQ(help.status, 0);
+  EXPECT_EQ(help.err, "");
+  for (const char* topic :
+       {"init PATH", "call CLASS METHOD", "members CLASS", "idl", "--dsn", "--set", "--json",
+        "--trace", "str:", "null", "empty", "#5/4/2000", "VARNOCK_DSN", "VARNOCK_EVENT_LOG",
+        "VARNOCK_SQL_TRACE", "Exit status"}) {
+    EXPECT_NE(help.out.find(topic), std::string::npos) << topic;
+  }
+  EXPECT_EQ(varnock({"help"}).out, help.out);
+  EXPECT_EQ(varnock({"call", "--help"}).out, help.out);
+  EXPECT_EQ(varnock({"call", "User", "DSN", "--help"}).out, help.out);
+}
+
+}  // namespace
+}  // namespace varnock::testing

@@ -1,0 +1,199 @@
+#include "call_command.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "dsn.h"
+#include "text_util.h"
+#include "value_notation.h"
+#include "varnock/automation_error.h"
+#include "varnock/conversions.h"
+#include "varnock/host.h"
+#include "varnock/sql_trace.h"
+
+namespace varnock::cli {
+
+namespace {
+
+using Interface = std::vector<MemberDescription>;
+
+Interface interfaceOf(const std::string& className) {
+  try {
+    return members(className);
+  } catch (const AutomationError& e) {
+    if (e.number() != kCannotCreateObject) throw;
+    throw UsageError("there is no class named " + inQuotes(className));
+  }
+}
+
+// Table names are accepted as well as ProgIDs and class identifiers.
+std::shared_ptr<Record> createNamed(const std::string& className) {
+  try {
+    return CreateObject(className);
+  } catch (const AutomationError& e) {
+    if (e.number() != kCannotCreateObject) throw;
+  }
+  return CreateObject("Varnock." + className);
+}
+
+const MemberDescription* find(const Interface& described, std::string_view name,
+                              std::string_view kind) {
+  const auto it = std::find_if(described.begin(), described.end(), [&](const MemberDescription& m) {
+    return m.kind == kind && equalsIgnoringCase(m.name, name);
+  });
+  return it == described.end() ? nullptr : &*it;
+}
+
+// A name that is both would be a method; a property name reads the property.
+const MemberDescription& calledMember(const Interface& described, const CallRequest& request) {
+  if (const MemberDescription* method = find(described, request.member, "method")) return *method;
+  if (const MemberDescription* get = find(described, request.member, "propget")) return *get;
+  throw UsageError(request.className + " has no member named " + inQuotes(request.member));
+}
+
+// "name=value" is named when name is one of the member's arguments;
+// otherwise the whole word is a positional value.
+DispatchArguments argumentsOf(const MemberDescription& member,
+                              const std::vector<std::string>& words) {
+  DispatchArguments arguments;
+  for (const std::string& word : words) {
+    const std::size_t equals = word.find('=');
+    std::int32_t position = -1;
+    if (equals != std::string::npos) {
+      const std::string_view name(word.data(), equals);
+      for (std::size_t i = 0; i < member.argumentNames.size(); ++i) {
+        if (equalsIgnoringCase(member.argumentNames[i], name)) {
+          position = static_cast<std::int32_t>(i);
+          break;
+        }
+      }
+    }
+    if (position < 0) {
+      arguments.positional.push_back(parseValue(word));
+    } else {
+      arguments.named.emplace_back(position, parseValue(std::string_view(word).substr(equals + 1)));
+    }
+  }
+  return arguments;
+}
+
+// Written-back values count as changed only when they read differently:
+// a number given for a text argument comes back as the same digits.
+bool changed(const Variant& before, const Variant& after) {
+  if (before == after) return false;
+  if (before.isObject() || after.isObject() || before.isNull() || after.isNull()) return true;
+  try {
+    return toText(before) != toText(after);
+  } catch (const AutomationError&) {
+    return true;
+  }
+}
+
+std::vector<NamedValue> changedByReference(const MemberDescription& member,
+                                           const DispatchArguments& before,
+                                           const DispatchArguments& after) {
+  std::vector<NamedValue> byRef;
+  for (std::size_t i = 0; i < after.positional.size(); ++i) {
+    if (i < member.argumentNames.size() && changed(before.positional[i], after.positional[i])) {
+      byRef.push_back({member.argumentNames[i], after.positional[i]});
+    }
+  }
+  for (std::size_t i = 0; i < after.named.size(); ++i) {
+    const auto& [position, value] = after.named[i];
+    if (changed(before.named[i].second, value)) {
+      byRef.push_back({member.argumentNames[static_cast<std::size_t>(position)], value});
+    }
+  }
+  return byRef;
+}
+
+struct Assignment {
+  const MemberDescription* property;
+  Variant value;
+};
+
+// A refused value leaves the column as it was and sets the last error
+// message; the message alone would miss a refusal that repeats the previous
+// message, the read-back alone a Null refused on a column that is still Null.
+std::optional<Refusal> assign(Record& object, const Assignment& assignment) {
+  const std::string before = object.GetLastErrorMessage();
+  DispatchArguments put{{}, {{kDispatchIdPropertyPut, assignment.value}}};
+  Invoke(object, assignment.property->dispatchId, kDispatchPropertyPut, put);
+  const std::string after = object.GetLastErrorMessage();
+  bool refused = after != before;
+  // DSN takes any value as its text, so only columns are read back.
+  if (!refused && !equalsIgnoringCase(assignment.property->name, "DSN")) {
+    DispatchArguments none;
+    refused = Invoke(object, assignment.property->dispatchId, kDispatchPropertyGet, none) !=
+              assignment.value;
+  }
+  if (!refused) return std::nullopt;
+  return Refusal{assignment.property->name, assignment.value, after};
+}
+
+// The methods that load a row into the object itself.
+bool loadsTheObject(const MemberDescription& member, std::string_view tableName) {
+  static constexpr std::array<std::string_view, 5> kVerbs = {"Get", "GetFirst", "GetLast",
+                                                             "GetNext", "GetPrevious"};
+  if (member.kind != "method") return false;
+  return std::any_of(kVerbs.begin(), kVerbs.end(), [&](std::string_view verb) {
+    return member.name == std::string(verb) + std::string(tableName);
+  });
+}
+
+std::vector<NamedValue> columnsOf(const Record& object) {
+  std::vector<NamedValue> columns;
+  const std::shared_ptr<Dictionary> fields = object.GetDictionary();  // kept alive for the loop
+  for (const auto& [field, value] : *fields)
+    columns.push_back({field, value});
+  return columns;
+}
+
+}  // namespace
+
+CallOutcome runCall(const CallRequest& request) {
+  const Interface described = interfaceOf(request.className);
+  const MemberDescription& member = calledMember(described, request);
+
+  // Every value is read before anything is done, so a typing mistake
+  // changes nothing.
+  std::vector<Assignment> assignments;
+  for (const auto& [column, text] : request.assignments) {
+    const MemberDescription* property = find(described, column, "propput");
+    if (property == nullptr) {
+      throw UsageError(inQuotes(column) + " is not a property of " + request.className);
+    }
+    assignments.push_back({property, parseValue(text)});
+  }
+  DispatchArguments arguments = argumentsOf(member, request.arguments);
+
+  if (request.trace) setSqlTrace(*request.trace);
+  const std::shared_ptr<Record> object = createNamed(request.className);
+  object->put_DSN(chosenConnectionString(request.dsn));
+
+  CallOutcome outcome;
+  outcome.method = member.kind == "method";
+  for (const Assignment& assignment : assignments) {
+    if (auto refusal = assign(*object, assignment)) outcome.refusals.push_back(*refusal);
+  }
+  if (!outcome.refusals.empty()) {
+    outcome.lastError = object->GetLastErrorMessage();
+    return outcome;
+  }
+
+  const std::string errorBefore = object->GetLastErrorMessage();
+  const DispatchArguments given = arguments;
+  const std::uint16_t kind = outcome.method ? kDispatchMethod : kDispatchPropertyGet;
+  outcome.result = Invoke(*object, member.dispatchId, kind, arguments);
+  outcome.byRef = changedByReference(member, given, arguments);
+  outcome.lastError = object->GetLastErrorMessage();
+  outcome.newLastError = outcome.lastError != errorBefore;
+  if (outcome.result->type() == Variant::Type::Boolean && outcome.result->asBoolean() &&
+      loadsTheObject(member, object->GetTableName())) {
+    outcome.object = columnsOf(*object);
+  }
+  return outcome;
+}
+
+}  // namespace varnock::cli
