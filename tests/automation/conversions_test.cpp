@@ -139,35 +139,17 @@ TEST(DateTest, AcceptsTheUsDateForms) {
 }
 
 TEST(DateTest, RefusesWhatIsNotARealDateOrTime) {
-  for (const char* text : {"",
-                           " ",
-                           "abc",
-                           "2/30/2000",
-                           "2/29/1900",
-                           "13/1/2000",
-                           "0/1/2000",
-                           "1/0/2000",
-                           "1/1/99999",
-                           "1/1/0099",
-                           "12/31/10000",
-                           "24:00",
-                           "23:60",
-                           "23:59:60",
-                           "13:00 AM",
-                           "1:5:",
-                           "5/4",
-                           "May 2000",
-                           "2000-05-04T",
-                           "5-4-2000",
-                           "5/4/2000 T13:45",
-                           "5/4/2000 x",
-                           "Sept 4, 2000",
-                           "5.4.2000",
-                           "42",
-                           "1e3",
-                           "5/4/2000 13:45 13:45"}) {
+  // Days, months and years that are not there.
+  for (const char* text : {"2/30/2000", "2/29/1900", "13/1/2000", "0/1/2000", "1/0/2000",
+                           "1/1/99999", "1/1/0099", "12/31/10000"})
     EXPECT_FALSE(parseDate(text).has_value()) << text;
-  }
+  // Times that are not there, and forms that are no date.
+  for (const char* text :
+       {"", " ", "abc", "24:00", "23:60", "23:59:60", "13:00 AM", "1:5:", "5/4", "May 2000",
+        "2000-05-04T", "5-4-2000", "5/4/2000 x", "5.4.2000", "42", "1e3"})
+    EXPECT_FALSE(parseDate(text).has_value()) << text;
+  for (const char* text : {"5/4/2000 T13:45", "Sept 4, 2000", "5/4/2000 13:45 13:45"})
+    EXPECT_FALSE(parseDate(text).has_value()) << text;
   EXPECT_FALSE(isDate(Variant(5)));
   EXPECT_FALSE(isDate(Variant()));
   EXPECT_FALSE(isDate(Variant::null()));

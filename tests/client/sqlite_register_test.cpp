@@ -5,8 +5,6 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -14,6 +12,7 @@
 
 #include "client/client.h"
 #include "client/connection_string.h"
+#include "support/run_program.h"
 #include "support/temp_register.h"
 #include "varnock/automation_error.h"
 #include "varnock/register.h"
@@ -149,48 +148,27 @@ TEST(RegisterFile, AWriterWaitsForAnotherProcesssTransaction) {
   EXPECT_EQ(count(*connection, "Country"), Variant(std::int32_t{2}));
 }
 
-// The sqlite3 shell on the search path, or "" when there is none.
-std::string sqliteShell() {
-  const char* path = std::getenv("PATH");
-  std::string folders = path == nullptr ? "" : path;
-  for (std::size_t start = 0; start <= folders.size();) {
-    const std::size_t end = std::min(folders.find(':', start), folders.size());
-    const fs::path candidate = fs::path(folders.substr(start, end - start)) / "sqlite3";
-    if (::access(candidate.c_str(), X_OK) == 0) return candidate.string();
-    start = end + 1;
-  }
-  return "";
-}
-
-// Runs one statement in the shell; its output, or nullopt when it fails.
-std::optional<std::string> inShell(const std::string& shell, const fs::path& db,
+// Runs SQL in the sqlite3 shell; its output, or nullopt when it fails.
+std::optional<std::string> inShell(const fs::path& shell, const fs::path& db,
                                    const std::string& sql) {
-  const fs::path script = db.parent_path() / "shell.sql";
-  std::ofstream(script) << sql << "\n";
-  const std::string command =
-      "'" + shell + "' -batch -bail '" + db.string() + "' < '" + script.string() + "' 2>&1";
-  FILE* pipe = ::popen(command.c_str(), "r");
-  if (pipe == nullptr) return std::nullopt;
-  std::string output;
-  char buffer[256];
-  while (std::fgets(buffer, sizeof buffer, pipe) != nullptr)
-    output += buffer;
-  if (::pclose(pipe) != 0) return std::nullopt;
-  return output;
+  const testing::ProgramRun run =
+      testing::runProgram(shell, {"-batch", "-bail", db.string(), sql}, db.parent_path());
+  if (run.status != 0) return std::nullopt;
+  return run.out;
 }
 
 TEST(RegisterFile, StaysAnOrdinaryDatabaseForTheSqliteShell) {
-  const std::string shell = sqliteShell();
-  if (shell.empty()) GTEST_SKIP() << "no sqlite3 shell on the search path";
+  const auto shell = testing::findOnPath("sqlite3");
+  if (!shell) GTEST_SKIP() << "no sqlite3 shell on the search path";
   testing::TempRegister reg;
   reg.run({"INSERT INTO [Zone] ([Zone], [Test]) VALUES ('north', 1)",
            "INSERT INTO [User] VALUES ('x', NULL, NULL, 'X', 'Chad', NULL, 'pw', 'x@x', NULL, "
            "NULL, NULL, NULL, NULL, 1, NULL, NULL, NULL)",
            "INSERT INTO [ZoneAddress] ([Zone], [UserName], [Address], [CreationDate]) VALUES "
            "('north', 'x', 1, '5/4/2000 1:45:40 PM')"});
-  EXPECT_EQ(inShell(shell, reg.path(), "SELECT CreationDate FROM ZoneAddress;"),
+  EXPECT_EQ(inShell(*shell, reg.path(), "SELECT CreationDate FROM ZoneAddress;"),
             "2000-05-04 13:46:00\n");
-  ASSERT_TRUE(inShell(shell, reg.path(),
+  ASSERT_TRUE(inShell(*shell, reg.path(),
                       "INSERT INTO Zone VALUES ('south', 0); INSERT INTO ZoneAddress VALUES "
                       "('south', 'x', 2, '2001-02-03 04:05:31');"));
   auto connection = createConnection();
@@ -203,7 +181,7 @@ TEST(RegisterFile, StaysAnOrdinaryDatabaseForTheSqliteShell) {
   EXPECT_EQ(address->field("CreationDate").asDate().civil(), (CivilDateTime{2001, 2, 3, 4, 6, 0}));
   // What the shell cannot read as a date, the register refuses.
   EXPECT_FALSE(
-      inShell(shell, reg.path(), "INSERT INTO ZoneAddress VALUES ('south', 'z', 3, 'someday');"));
+      inShell(*shell, reg.path(), "INSERT INTO ZoneAddress VALUES ('south', 'z', 3, 'someday');"));
 }
 
 }  // namespace

@@ -80,39 +80,25 @@ TEST(Invoke, FillsOmittedOptionalArgumentsWithDefaults) {
 }
 
 TEST(Invoke, RefusesArgumentsThatDoNotFit) {
+  struct Case {
+    const char* member;
+    DispatchArguments arguments;
+    std::int32_t failure;
+  };
+  const Case cases[] = {
+      {"SetDataProperty", {{Variant("Zone")}, {}}, kParameterNotOptional},
+      {"GetTableName", {{Variant(1)}, {}}, kBadParameterCount},
+      {"IsDataProperty", {{Variant("Zone")}, {{5, Variant()}}}, kParameterNotFound},
+      {"IsDataProperty", {{Variant("Zone")}, {{0, Variant("Test")}}}, kParameterNotFound},
+      {"IsDataProperty", {{Variant("Zone"), Variant("perhaps")}, {}}, kDispatchTypeMismatch},
+      {"GetNextZone", {{Variant(1e12)}, {}}, kDispatchOverflow},
+      {"GetNextZone", {{Variant("abc")}, {}}, kDispatchTypeMismatch},
+      {"GetDataProperty", {{Variant::null()}, {}}, kDispatchTypeMismatch}};
   const auto zone = CreateObject("Varnock.Zone");
-  EXPECT_EQ(failureOf([&] {
-              call(*zone, "SetDataProperty", {{Variant("Zone")}, {}});
-            }),
-            kParameterNotOptional);
-  EXPECT_EQ(failureOf([&] {
-              call(*zone, "GetTableName", {{Variant(1)}, {}});
-            }),
-            kBadParameterCount);
-  EXPECT_EQ(failureOf([&] {
-              call(*zone, "IsDataProperty", {{Variant("Zone")}, {{5, Variant()}}});
-            }),
-            kParameterNotFound);
-  EXPECT_EQ(failureOf([&] {
-              call(*zone, "IsDataProperty", {{Variant("Zone")}, {{0, Variant("Test")}}});
-            }),
-            kParameterNotFound);
-  EXPECT_EQ(failureOf([&] {
-              call(*zone, "IsDataProperty", {{Variant("Zone"), Variant("perhaps")}, {}});
-            }),
-            kDispatchTypeMismatch);
-  EXPECT_EQ(failureOf([&] {
-              call(*zone, "GetNextZone", {{Variant(1e12)}, {}});
-            }),
-            kDispatchOverflow);
-  EXPECT_EQ(failureOf([&] {
-              call(*zone, "GetNextZone", {{Variant("abc")}, {}});
-            }),
-            kDispatchTypeMismatch);
-  EXPECT_EQ(failureOf([&] {
-              call(*zone, "GetDataProperty", {{Variant::null()}, {}});
-            }),
-            kDispatchTypeMismatch);
+  for (const Case& c : cases) {
+    DispatchArguments arguments = c.arguments;
+    EXPECT_EQ(failureOf([&] { call(*zone, c.member, arguments); }), c.failure) << c.member;
+  }
 }
 
 TEST(Invoke, ConvertsTextToTheDeclaredInteger) {

@@ -1,7 +1,7 @@
-"""Late-bound calls from Python: member and keyword names in any case, the
-argument checks of the object host, ByRef write-back, and what a script
+"""Late-bound calls from Python: member and keyword names in any case, how
+the object host's argument errors arrive, ByRef write-back, what a script
 sees of members that are not there, and how the failures of data methods
-come through."""
+come through. The argument rules themselves are checked on the host."""
 
 import datetime
 import unittest
@@ -18,19 +18,16 @@ def new_user():
 class NamesTest(AutomationErrorAssertions):
     def test_members_in_any_case(self):
         user = new_user()
-        self.assertEqual(user.gettablename(), "User")
         self.assertEqual(user.GETTABLENAME(), "User")
         user.USERNAME = "jdoe"
-        self.assertEqual(user.Username, "jdoe")
         self.assertEqual(user.username, "jdoe")
-        user.remote_addr = "10.0.0.1"
-        self.assertEqual(user.GetDataProperty("REMOTE_ADDR"), "10.0.0.1")
 
     def test_keywords_in_any_case(self):
         country = varnock.CreateObject("Varnock.Country")
         self.assertTrue(country.IsDataProperty(strPropertyName="country"))
         self.assertFalse(country.IsDataProperty(STRPROPERTYNAME="country", blncasesensitive=True))
         self.assertTrue(country.IsDataProperty("Country", BlnCaseSensitive=True))
+        self.assertTrue(country.IsDataProperty("country", varnock.Empty))  # Empty is false
         self.assertTrue(country.SetDataProperty(varpropertyvalue="Norway",
                                                 strPropertyName="COUNTRY"))
         self.assertEqual(country.Country, "Norway")
@@ -49,7 +46,6 @@ class NamesTest(AutomationErrorAssertions):
         user = new_user()
         self.assertAutomationError(UNKNOWN_NAME, setattr, user, "Colour", "red")
         self.assertNotIn("Colour", dir(user))
-        self.assertFalse(hasattr(user, "Colour"))
         self.assertAutomationError(UNKNOWN_NAME, setattr, user, "__class__", dict)
         self.assertIs(type(user), varnock.Record)
 
@@ -59,65 +55,40 @@ class NamesTest(AutomationErrorAssertions):
         self.assertAutomationError(438, delattr, user, "Lastname")
         self.assertEqual(user.Lastname, "Smith")
         self.assertAutomationError(MEMBER_NOT_FOUND, setattr, user, "GetTableName", "x")
-        self.assertEqual(user.GetTableName(), "User")
-
-    def test_property_values_are_converted_to_the_declared_type(self):
-        user = new_user()
-        user.DSN = 5
-        self.assertEqual(user.DSN, "5")
-        self.assertAutomationError(TYPE_MISMATCH, setattr, user, "DSN", None)
-        self.assertEqual(user.DSN, "5")
-
-    def test_a_method_keeps_its_object(self):
-        user = new_user()
-        user.Username = "jdoe"
-        get = user.GetDataProperty
-        del user
-        self.assertEqual(get("Username"), "jdoe")
-        self.assertEqual(repr(get), "<method GetDataProperty of varnock.User object>")
+        self.assertEqual(repr(user.GetDataProperty),
+                         "<method GetDataProperty of varnock.User object>")
 
 
 class ArgumentTest(AutomationErrorAssertions):
-    def test_missing_required_argument(self):
+    def test_arguments_that_do_not_bind_or_convert(self):
         user = new_user()
-        error = self.assertAutomationError(PARAMETER_NOT_OPTIONAL, user.GetDataProperty)
-        self.assertEqual(error.number, -2147352561)
-        self.assertAutomationError(PARAMETER_NOT_OPTIONAL, user.SetDataProperty, "Lastname")
-        self.assertAutomationError(PARAMETER_NOT_OPTIONAL, user.SetDataProperty,
-                                   varPropertyValue="x")
-
-    def test_too_many_arguments(self):
-        user = new_user()
-        self.assertAutomationError(BAD_PARAMETER_COUNT, user.GetTableName, 1)
-        self.assertAutomationError(BAD_PARAMETER_COUNT, user.IsDataProperty, "a", True, 1)
-        self.assertAutomationError(BAD_PARAMETER_COUNT, user.GetDataProperty, "a",
-                                   strPropertyName="b")
-
-    def test_unknown_or_repeated_keywords(self):
-        user = new_user()
-        self.assertAutomationError(UNKNOWN_NAME, user.GetDataProperty, strColour="x")
-        self.assertAutomationError(UNKNOWN_NAME, user.IsDataProperty, "Bio", value=True)
-        self.assertAutomationError(PARAMETER_NOT_FOUND, user.IsDataProperty, "Bio",
-                                   strPropertyName="Bio")
-        self.assertAutomationError(PARAMETER_NOT_FOUND, user.IsDataProperty,
-                                   strPropertyName="Bio", STRPROPERTYNAME="Bio")
-
-    def test_optional_argument_takes_its_default(self):
-        country = varnock.CreateObject("Varnock.Country")
-        self.assertTrue(country.IsDataProperty("country"))
-        self.assertFalse(country.IsDataProperty("country", True))
-        self.assertTrue(country.IsDataProperty("country", varnock.Empty))  # Empty is false
-
-    def test_inconvertible_arguments(self):
-        user = new_user()
-        self.assertAutomationError(TYPE_MISMATCH, user.IsDataProperty, "Bio", "maybe")
-        self.assertAutomationError(TYPE_MISMATCH, user.GetDataProperty, None)
-        self.assertAutomationError(TYPE_MISMATCH, user.GetDataProperty, object())
-        self.assertAutomationError(TYPE_MISMATCH, user.GetNextUser, "first")
-        for offset in (2**31, -2**31 - 1, float("nan"), float("inf")):
-            with self.subTest(offset=offset):
-                self.assertAutomationError(OVERFLOW, user.GetNextUser, offset)
+        for name, args, kwargs, number in (
+                # The host's own checks, as they arrive.
+                ("GetDataProperty", (), {}, PARAMETER_NOT_OPTIONAL),
+                ("GetTableName", (1,), {}, BAD_PARAMETER_COUNT),
+                ("IsDataProperty", ("Bio", "maybe"), {}, TYPE_MISMATCH),
+                # Keywords that do not bind.
+                ("SetDataProperty", (), {"varPropertyValue": "x"}, PARAMETER_NOT_OPTIONAL),
+                ("GetDataProperty", ("a",), {"strPropertyName": "b"}, BAD_PARAMETER_COUNT),
+                ("GetDataProperty", (), {"strColour": "x"}, UNKNOWN_NAME),
+                ("IsDataProperty", ("Bio",), {"value": True}, UNKNOWN_NAME),
+                ("IsDataProperty", ("Bio",), {"strPropertyName": "Bio"}, PARAMETER_NOT_FOUND),
+                ("IsDataProperty", (), {"strPropertyName": "Bio", "STRPROPERTYNAME": "Bio"},
+                 PARAMETER_NOT_FOUND),
+                # Python values that do not convert to the declared type.
+                ("GetDataProperty", (None,), {}, TYPE_MISMATCH),
+                ("GetDataProperty", (object(),), {}, TYPE_MISMATCH),
+                ("GetNextUser", (2**31,), {}, OVERFLOW),
+                ("GetNextUser", (-2**31 - 1,), {}, OVERFLOW),
+                ("GetNextUser", (float("nan"),), {}, OVERFLOW),
+                ("GetNextUser", (float("inf"),), {}, OVERFLOW)):
+            with self.subTest(name=name, args=args, kwargs=kwargs):
+                self.assertAutomationError(number, getattr(user, name), *args, **kwargs)
         self.assertEqual(user.GetLastErrorMessage(), "")  # refused before the call
+        error = self.assertAutomationError(TYPE_MISMATCH, setattr, user, "DSN", None)
+        self.assertEqual(error.number, -2147352571)
+        user.DSN = 5
+        self.assertEqual(user.DSN, "5")
 
 
 class DataMethodTest(AutomationErrorAssertions):
@@ -161,11 +132,9 @@ class ByRefTest(AutomationErrorAssertions):
         self.assertFalse(user.SetDataProperty(name, "x"))
         self.assertEqual(name.value, "5")
         self.assertEqual(user.GetLastErrorMessage(), "Property [5]doesn't exist in this class")
-
-    def test_by_keyword_too(self):
-        name = varnock.ByRef(7)
-        new_user().GetDataProperty(strPropertyName=name)
-        self.assertEqual(name.value, "7")
+        by_keyword = varnock.ByRef(7)
+        user.GetDataProperty(strPropertyName=by_keyword)
+        self.assertEqual(by_keyword.value, "7")
 
     def test_unchanged_values_keep_their_python_objects(self):
         user = new_user()
@@ -191,13 +160,9 @@ class ByRefTest(AutomationErrorAssertions):
         self.assertIs(varnock.ByRef().value, varnock.Empty)
         holder = varnock.ByRef("x")
         self.assertEqual(repr(holder), "ByRef('x')")
-        holder.value = 3
-        self.assertEqual(holder.value, 3)
-
-    def test_holder_as_property_value_is_read(self):
+        holder.value = "Smith"
         user = new_user()
-        holder = varnock.ByRef("Smith")
-        user.Lastname = holder
+        user.Lastname = holder  # a holder given as a property value is read
         self.assertEqual(user.Lastname, "Smith")
 
     def test_holder_of_an_inconvertible_value(self):

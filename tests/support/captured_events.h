@@ -22,14 +22,18 @@ struct CapturedEntry {
 class MemoryBackend final : public eventLog::Backend {
  public:
   int write(const eventLog::Entry& e) override {
-    if (failWith != 0) return failWith;
+    if (failWith != 0 && failures != 0) {
+      if (failures > 0) --failures;
+      return failWith;
+    }
     entries.push_back({e.type, e.category, e.id, std::string(e.source), std::string(e.message)});
     return 0;
   }
   std::string describe() const override { return "memory"; }
 
   std::vector<CapturedEntry> entries;
-  int failWith = 0;  // an errno value to fail every write with
+  int failWith = 0;   // an errno value to fail writes with
+  int failures = -1;  // how many writes to fail; -1 for every one
 };
 
 class CapturedEvents {
@@ -45,7 +49,10 @@ class CapturedEvents {
   const std::vector<CapturedEntry>& entries() const { return backend_->entries; }
   const CapturedEntry& last() const { return backend_->entries.back(); }
   std::size_t count() const { return backend_->entries.size(); }
-  void failWritesWith(int code) { backend_->failWith = code; }
+  void failWritesWith(int code, int times = -1) {
+    backend_->failWith = code;
+    backend_->failures = times;
+  }
 
  private:
   std::shared_ptr<MemoryBackend> backend_;

@@ -11,10 +11,18 @@
 #include <string>
 #include <vector>
 
-#include "tools/json_reader.h"
-#include "tools/run_program.h"
+#include "support/run_program.h"
 
 namespace varnock::testing {
+
+// The blank-separated words of a line.
+inline std::vector<std::string> wordsOf(const std::string& line) {
+  std::vector<std::string> words;
+  std::istringstream in(line);
+  for (std::string word; in >> word;)
+    words.push_back(word);
+  return words;
+}
 
 class VarnockCli : public ::testing::Test {
  protected:
@@ -44,19 +52,21 @@ class VarnockCli : public ::testing::Test {
     return run;
   }
 
-  // Runs a call with --json and reads its output; fails the test when the
-  // output is not one JSON object.
-  Json varnockJson(std::vector<std::string> arguments, int expectedStatus = 0,
-                   EnvironmentChanges environment = {}) const {
+  // Runs the tool with the words of LINE as its arguments.
+  ProgramRun run(const std::string& line) const { return varnock(wordsOf(line)); }
+  std::string json(const std::string& line, int expectedStatus = 0) const {
+    return varnockJson(wordsOf(line), expectedStatus);
+  }
+
+  // The output of a call with --json, checked to be one line holding one
+  // object, and the exit status.
+  std::string varnockJson(std::vector<std::string> arguments, int expectedStatus = 0) const {
     arguments.push_back("--json");
-    const ProgramRun run = varnock(arguments, std::move(environment));
+    const ProgramRun run = varnock(arguments);
     EXPECT_EQ(run.status, expectedStatus) << run.out << run.err;
-    try {
-      return JsonReader::parse(run.out);
-    } catch (const std::exception& e) {
-      ADD_FAILURE() << e.what() << " in: " << run.out;
-      return {};
-    }
+    EXPECT_TRUE(run.out.starts_with("{\"") && run.out.ends_with("}\n")) << run.out;
+    EXPECT_EQ(run.out.find('\n'), run.out.size() - 1) << run.out;
+    return run.out;
   }
 
   // A new register at folder/NAME, made by the tool itself.
@@ -75,6 +85,12 @@ class VarnockCli : public ::testing::Test {
  private:
   std::filesystem::path folder_;
 };
+
+// Whether TEXT holds PART, saying what it held when it does not.
+inline ::testing::AssertionResult holds(const std::string& text, const std::string& part) {
+  if (text.find(part) != std::string::npos) return ::testing::AssertionSuccess();
+  return ::testing::AssertionFailure() << "no " << part << " in: " << text;
+}
 
 // The lines of a text, without their line ends.
 inline std::vector<std::string> linesOf(const std::string& text) {

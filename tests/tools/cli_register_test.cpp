@@ -1,5 +1,6 @@
 // The varnock tool against real register files: init, which register a call
-// opens, and the reading methods over rows put in with the sqlite3 shell.
+// opens, and how the reading methods' results are shown, over rows put in
+// with the sqlite3 shell.
 #include <gtest/gtest.h>
 
 #include "tools/cli_fixture.h"
@@ -10,105 +11,76 @@ namespace {
 using Init = VarnockCli;
 
 TEST_F(Init, CreatesTheFileAndPrintsItsConnectionString) {
-  const ProgramRun run = varnock({"init", "new.db"});
-  EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_EQ(run.out, "Provider=SQLite;Data Source=new.db\n");
-  EXPECT_TRUE(std::filesystem::is_regular_file(folder() / "new.db"));
+  const ProgramRun made = run("init new.db");
+  EXPECT_EQ(made.status, 0) << made.err;
+  EXPECT_EQ(made.out, "Provider=SQLite;Data Source=new.db\n");
   // The printed string opens what was made.
-  const ProgramRun count = varnock({"call", "User", "CountEveryUser", "--dsn", "new.db"});
+  const ProgramRun count =
+      varnock({"call", "User", "CountEveryUser", "--dsn", made.out.substr(0, made.out.size() - 1)});
   EXPECT_EQ(count.status, 0) << count.err;
   EXPECT_EQ(count.out, "0\n");
 }
 
-TEST_F(Init, NeverOverwritesAnExistingFile) {
+TEST_F(Init, NeverOverwritesAFileAndTakesExactlyOnePathInAFolderThatIsThere) {
   { std::ofstream(folder() / "keep.db") << "not a register"; }
-  const ProgramRun run = varnock({"init", "keep.db"});
-  EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.out, "");
-  EXPECT_NE(run.err.find("keep.db"), std::string::npos) << run.err;
-  EXPECT_EQ(readFile(folder() / "keep.db"), "not a register");
-}
-
-TEST_F(Init, RefusesASecondInitOfTheSameRegisterAndKeepsItsRows) {
   initRegister("twice.db");
-  const ProgramRun again = varnock({"init", "twice.db"});
-  EXPECT_EQ(again.status, 1);
-  EXPECT_EQ(varnock({"call", "Country", "CountEveryCountry", "--dsn", "twice.db"}).out, "0\n");
-}
-
-TEST_F(Init, AFolderThatIsNotThereIsARaisedError) {
-  const ProgramRun run = varnock({"init", "no/such/folder/register.db"});
-  EXPECT_EQ(run.status, 3) << run.out << run.err;
-  EXPECT_FALSE(std::filesystem::exists(folder() / "no"));
-}
-
-TEST_F(Init, TakesExactlyOnePath) {
-  EXPECT_EQ(varnock({"init"}).status, 2);
-  EXPECT_EQ(varnock({"init", "a.db", "b.db"}).status, 2);
+  for (const std::string name : {"keep.db", "twice.db"}) {
+    const ProgramRun again = run("init " + name);
+    EXPECT_EQ(again.status, 1);
+    EXPECT_EQ(again.out, "");
+    EXPECT_TRUE(holds(again.err, name));
+  }
+  EXPECT_EQ(readFile(folder() / "keep.db"), "not a register");
+  EXPECT_EQ(run("call Country CountEveryCountry --dsn twice.db").out, "0\n");
+  EXPECT_EQ(run("init").status, 2);
+  EXPECT_EQ(run("init a.db b.db").status, 2);
   EXPECT_FALSE(std::filesystem::exists(folder() / "a.db"));
+  EXPECT_EQ(run("init no/such/folder/register.db").status, 3);
+  EXPECT_FALSE(std::filesystem::exists(folder() / "no"));
 }
 
 using ChoosingTheRegister = VarnockCli;
 
 TEST_F(ChoosingTheRegister, DefaultsToRegisterDbInTheWorkingFolder) {
-  EXPECT_EQ(varnock({"call", "User", "CountEveryUser"}).status, 3);  // not made yet
+  const ProgramRun missing = run("call User CountEveryUser");  // not made yet
+  EXPECT_EQ(missing.status, 3);
+  EXPECT_EQ(missing.out, "");
+  EXPECT_TRUE(holds(json("call User CountEveryUser", 3),
+                    R"({"error": {"number": -2147467259, "hex": "0x80004005", "description": ")"));
   initRegister("register.db");
-  const ProgramRun run = varnock({"call", "User", "CountEveryUser"});
-  EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_EQ(run.out, "0\n");
+  EXPECT_EQ(run("call User CountEveryUser").out, "0\n");
 }
 
-TEST_F(ChoosingTheRegister, VarnockDsnNamesAPathOrAConnectionString) {
+TEST_F(ChoosingTheRegister, VarnockDsnNamesAPathOrAConnectionStringAndTheOptionWins) {
   initRegister("elsewhere.db");
-  EXPECT_EQ(varnock({"call", "User", "CountEveryUser"}, {{"VARNOCK_DSN", "elsewhere.db"}}).out,
-            "0\n");
-  EXPECT_EQ(varnock({"call", "User", "CountEveryUser"},
-                    {{"VARNOCK_DSN", "Provider=SQLite;Data Source=elsewhere.db"}})
-                .out,
-            "0\n");
-  // The option wins over the environment.
+  for (const std::string dsn : {"elsewhere.db", "Provider=SQLite;Data Source=elsewhere.db"})
+    EXPECT_EQ(varnock({"call", "User", "CountEveryUser"}, {{"VARNOCK_DSN", dsn}}).out, "0\n");
   EXPECT_EQ(varnock({"call", "User", "CountEveryUser", "--dsn", "elsewhere.db"},
                     {{"VARNOCK_DSN", "missing.db"}})
                 .status,
             0);
-}
-
-TEST_F(ChoosingTheRegister, TheDsnPropertyShowsTheConnectionStringInUse) {
-  EXPECT_EQ(varnock({"call", "User", "DSN", "--dsn", "a;b.db"}).out,
-            "Provider=SQLite;Data Source=\"a;b.db\"\n");
+  // The DSN property shows the connection string in use.
+  EXPECT_EQ(run("call User DSN --dsn a;b.db").out, "Provider=SQLite;Data Source=\"a;b.db\"\n");
   EXPECT_EQ(varnock({"call", "User", "DSN"}, {{"VARNOCK_DSN", "Provider=Other;X=1"}}).out,
             "Provider=Other;X=1\n");
 }
 
-TEST_F(ChoosingTheRegister, AMissingRegisterFileRaisesWithNumberDescriptionAndSource) {
-  const ProgramRun run = varnock({"call", "User", "CountEveryUser", "--dsn", "missing.db"});
-  EXPECT_EQ(run.status, 3);
-  EXPECT_EQ(run.out, "");
-  // "error 0x........ (decimal): description [source: ...]"
-  EXPECT_NE(run.err.find("error 0x"), std::string::npos) << run.err;
-  EXPECT_NE(run.err.find(" ("), std::string::npos) << run.err;
-  EXPECT_NE(run.err.find("[source: "), std::string::npos) << run.err;
-
-  const Json json = varnockJson({"call", "User", "CountEveryUser", "--dsn", "missing.db"}, 3);
-  ASSERT_TRUE(json.has("error"));
-  EXPECT_EQ(json["error"]["number"].kind, Json::Kind::Number);
-  EXPECT_EQ(json["error"]["hex"].text.substr(0, 2), "0x");
-  EXPECT_FALSE(json["error"]["description"].text.empty());
-  EXPECT_FALSE(json["error"]["source"].text.empty());
-}
-
-// Three countries in a new register, put in with the sqlite3 shell.
-class Countries : public VarnockCli {
+// Three countries, a zone and one address in its pool, put in with the
+// sqlite3 shell.
+class Rows : public VarnockCli {
  protected:
   void SetUp() override {
     VarnockCli::SetUp();
     const auto sqlite3 = findOnPath("sqlite3");
     if (!sqlite3) GTEST_SKIP() << "the sqlite3 shell is not installed";
     initRegister();
-    const ProgramRun run = runProgram(
-        *sqlite3,
-        {"register.db", "INSERT INTO Country (Country) VALUES ('Norway'), ('Chile'), ('Japan');"},
-        folder());
+    const ProgramRun run =
+        runProgram(*sqlite3,
+                   {"register.db",
+                    "INSERT INTO Country (Country) VALUES ('Norway'), ('Chile'), ('Japan');"
+                    "INSERT INTO Zone (Zone, Test) VALUES ('Z1', 0);"
+                    "INSERT INTO ZonePool (Zone, Address) VALUES ('Z1', 5);"},
+                   folder());
     ASSERT_EQ(run.status, 0) << run.err;
   }
   ProgramRun call(std::vector<std::string> arguments) const {
@@ -117,157 +89,75 @@ class Countries : public VarnockCli {
   }
 };
 
-TEST_F(Countries, CountEveryCountsThemWithAndWithoutACondition) {
+TEST_F(Rows, CountsAndListsAreATableWithAHeaderRowAndARowCount) {
   EXPECT_EQ(call({"CountEveryCountry"}).out, "3\n");
   EXPECT_EQ(call({"CountEveryCountry", "Country <> 'Chile'"}).out, "2\n");
+  const ProgramRun ran = call({"GetEveryCountry", "", "Country"});
+  EXPECT_EQ(ran.status, 0) << ran.err;
+  EXPECT_EQ(ran.out, "Country\nChile\nJapan\nNorway\n(3 rows)\n");
+  EXPECT_EQ(call({"GetEveryCountry", "Country = 'Peru'"}).out, "(0 rows)\n");
+  EXPECT_TRUE(holds(
+      varnockJson({"call", "Country", "GetEveryCountry", "", "Country DESC"}),
+      R"({"result": [{"Country": "Norway"}, {"Country": "Japan"}, {"Country": "Chile"}], "object": null,)"));
+  EXPECT_EQ(run("call Zone GetChildrenInZonePool --set Zone=Z1").out,
+            "Zone  Address\nZ1    5\n(1 row)\n");
+  EXPECT_TRUE(holds(json("call Zone GetChildrenInZonePool --set Zone=Z1"),
+                    R"({"result": [{"Zone": "Z1", "Address": 5}],)"));
 }
 
-TEST_F(Countries, GetEveryListsATableWithAHeaderRowAndARowCount) {
-  const ProgramRun run = call({"GetEveryCountry", "", "Country"});
-  EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_EQ(linesOf(run.out),
-            (std::vector<std::string>{"Country", "Chile", "Japan", "Norway", "(3 rows)"}));
-  const ProgramRun none = call({"GetEveryCountry", "Country = 'Peru'"});
-  EXPECT_EQ(none.status, 0);
-  EXPECT_EQ(linesOf(none.out).back(), "(0 rows)");
-}
-
-TEST_F(Countries, GetEveryInJsonIsAnArrayOfObjects) {
-  const Json json = varnockJson({"call", "Country", "GetEveryCountry", "", "Country DESC"});
-  const Json& rows = json["result"];
-  ASSERT_EQ(rows.kind, Json::Kind::Array);
-  ASSERT_EQ(rows.items.size(), 3u);
-  EXPECT_EQ(rows.items[0]["Country"].text, "Norway");
-  EXPECT_EQ(rows.items[2]["Country"].text, "Chile");
-}
-
-TEST_F(Countries, GetFirstLoadsTheObjectAndShowsItsColumns) {
-  const ProgramRun run = call({"GetFirstCountry", "", "Country"});
-  EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_EQ(linesOf(run.out), (std::vector<std::string>{"True", "Country  Chile"}));
-
-  const Json json = varnockJson({"call", "Country", "GetFirstCountry", "", "Country"});
-  EXPECT_TRUE(json["result"].boolean);
-  EXPECT_EQ(json["object"]["Country"].text, "Chile");
-  EXPECT_EQ(json["lastError"].text, "");
-}
-
-TEST_F(Countries, GetLastShowsTheOrderItRewroteAsAByReferenceArgument) {
-  const ProgramRun run = call({"GetLastCountry", "", "Country"});
-  EXPECT_EQ(run.status, 0) << run.err;
-  const auto lines = linesOf(run.out);
-  ASSERT_EQ(lines.size(), 3u) << run.out;
-  EXPECT_EQ(lines[0], "True");
-  EXPECT_EQ(lines[1], "Country  Norway");
-  EXPECT_EQ(lines[2].substr(0, 18), "strOrderClause = \"");
-  EXPECT_NE(lines[2].find("DESC"), std::string::npos) << lines[2];
-
-  // Named, the argument comes back under its name too.
-  const Json json = varnockJson({"call", "Country", "GetLastCountry", "STRORDERCLAUSE=Country"});
-  EXPECT_EQ(json["object"]["Country"].text, "Norway");
-  EXPECT_NE(json["byref"]["strOrderClause"].text.find("DESC"), std::string::npos);
-}
-
-TEST_F(Countries, UnchangedByReferenceArgumentsAreNotShown) {
-  const Json json = varnockJson({"call", "Country", "GetFirstCountry", "Country <> ''", "Country"});
-  EXPECT_TRUE(json["byref"].members.empty());
-  // A number for a text argument comes back as its digits: the same value.
-  const Json number = varnockJson({"call", "Country", "GetFirstCountry", "1", "Country"});
-  EXPECT_EQ(number["object"]["Country"].text, "Chile");
-  EXPECT_TRUE(number["byref"].members.empty());
-}
-
-TEST_F(Countries, GetNextSkipsOffsetRowsOfTheOrder) {
-  const ProgramRun run = call({"GetNextCountry", "1", "strOrderClause=Country"});
-  EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_EQ(linesOf(run.out), (std::vector<std::string>{"True", "Country  Japan"}));
-  EXPECT_EQ(linesOf(call({"GetNextCountry", "2", "", "Country"}).out).back(), "Country  Norway");
-  // Past the last row nothing loads: False is a reported failure.
+TEST_F(Rows, ALoadedObjectShowsItsColumns) {
+  const ProgramRun ran = call({"GetFirstCountry", "", "Country"});
+  EXPECT_EQ(ran.status, 0) << ran.err;
+  EXPECT_EQ(ran.out, "True\nCountry  Chile\n");
+  EXPECT_EQ(json("call Country GetFirstCountry str: Country"),
+            R"({"result": true, "object": {"Country": "Chile"}, "byref": {}, "lastError": ""})"
+            "\n");
+  // Offsets count rows of the order; past the last nothing loads, and False is a failure.
+  EXPECT_EQ(call({"GetNextCountry", "1", "strOrderClause=Country"}).out, "True\nCountry  Japan\n");
   const ProgramRun past = call({"GetNextCountry", "3", "", "Country"});
   EXPECT_EQ(past.status, 1);
-  EXPECT_EQ(linesOf(past.out).front(), "False");
-  EXPECT_EQ(past.out.find("Country  "), std::string::npos) << past.out;
+  EXPECT_EQ(past.out, "False\n");
+  EXPECT_EQ(call({"GetCountry", "--set", "Country=Peru"}).status, 1);
+  EXPECT_EQ(call({"GetCountry", "--set", "Country=Japan"}).status, 0);
 }
 
-TEST_F(Countries, AGetThatFindsNothingReportsFailure) {
-  const ProgramRun run = call({"GetCountry", "--set", "Country=Peru"});
-  EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(linesOf(run.out).front(), "False");
-  const ProgramRun found = call({"GetCountry", "--set", "Country=Japan"});
+TEST_F(Rows, ChangedByReferenceArgumentsAreShownUnderTheirNames) {
+  EXPECT_EQ(call({"GetLastCountry", "", "Country"}).out,
+            "True\nCountry  Norway\nstrOrderClause = \"Country DESC\"\n");
+  EXPECT_TRUE(
+      holds(json("call Country GetLastCountry STRORDERCLAUSE=Country"),
+            R"("object": {"Country": "Norway"}, "byref": {"strOrderClause": "Country DESC"}, )"));
+  // A number for a text argument comes back as its digits: the same value.
+  EXPECT_TRUE(holds(json("call Country GetFirstCountry 1 Country"),
+                    R"("object": {"Country": "Chile"}, "byref": {}, )"));
+}
+
+TEST_F(Rows, ARecordResultShowsItsColumnsAndNoneIsNothing) {
+  const std::string parent = "call ZonePool GetParentInZone --set Address=5 --set Zone=";
+  const ProgramRun found = run(parent + "Z1");
   EXPECT_EQ(found.status, 0) << found.err;
+  EXPECT_EQ(found.out, "Zone  Z1\nTest  False\n");
+  EXPECT_TRUE(holds(json(parent + "Z1"), R"({"result": {"Zone": "Z1", "Test": false}, )"));
+  const ProgramRun none = run(parent + "Z9");
+  EXPECT_EQ(none.status, 1);
+  EXPECT_EQ(linesOf(none.out).front(), "Nothing");
+  EXPECT_TRUE(holds(json(parent + "Z9", 1), R"({"result": null, )"));
 }
 
-TEST_F(Countries, FailedSqlIsTheLastErrorMessage) {
-  const ProgramRun run = call({"GetFirstCountry", "NoSuchColumn = 1"});
-  EXPECT_EQ(run.status, 1);
-  const auto lines = linesOf(run.out);
-  ASSERT_FALSE(lines.empty());
-  EXPECT_EQ(lines.front(), "False");
-  EXPECT_EQ(lines.back().substr(0, 12), "Last error: ") << run.out;
-
-  const Json json = varnockJson({"call", "Country", "GetFirstCountry", "NoSuchColumn = 1"}, 1);
-  EXPECT_FALSE(json["lastError"].text.empty());
-  EXPECT_TRUE(json["object"].isNull());
+TEST_F(Rows, FailedSqlIsTheLastErrorMessage) {
+  const ProgramRun ran = call({"GetFirstCountry", "NoSuchColumn = 1"});
+  EXPECT_EQ(ran.status, 1);
+  EXPECT_EQ(ran.out, "False\nLast error: no such column: NoSuchColumn\n");
+  EXPECT_EQ(
+      varnockJson({"call", "Country", "GetFirstCountry", "NoSuchColumn = 1"}, 1),
+      R"({"result": false, "object": null, "byref": {}, "lastError": "no such column: NoSuchColumn"})"
+      "\n");
 }
 
-TEST_F(Countries, TraceWritesTheStatementsSent) {
-  const ProgramRun run = call({"CountEveryCountry", "--trace", "trace.jsonl"});
-  EXPECT_EQ(run.status, 0) << run.err;
-  const std::string trace = readFile(folder() / "trace.jsonl");
-  EXPECT_NE(trace.find("Country"), std::string::npos) << trace;
-  EXPECT_NE(trace.find("\"sql\""), std::string::npos) << trace;
-}
-
-// A zone with one address in its pool, for the methods that return objects.
-class Zones : public VarnockCli {
- protected:
-  void SetUp() override {
-    VarnockCli::SetUp();
-    const auto sqlite3 = findOnPath("sqlite3");
-    if (!sqlite3) GTEST_SKIP() << "the sqlite3 shell is not installed";
-    initRegister();
-    const ProgramRun run = runProgram(*sqlite3,
-                                      {"register.db",
-                                       "INSERT INTO Zone (Zone, Test) VALUES ('Z1', 0);"
-                                       "INSERT INTO ZonePool (Zone, Address) VALUES ('Z1', 5);"},
-                                      folder());
-    ASSERT_EQ(run.status, 0) << run.err;
-  }
-};
-
-TEST_F(Zones, ARecordResultShowsItsColumns) {
-  const ProgramRun run =
-      varnock({"call", "ZonePool", "GetParentInZone", "--set", "Zone=Z1", "--set", "Address=5"});
-  EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_EQ(linesOf(run.out), (std::vector<std::string>{"Zone  Z1", "Test  False"}));
-  const Json json = varnockJson(
-      {"call", "ZonePool", "GetParentInZone", "--set", "Zone=Z1", "--set", "Address=5"});
-  EXPECT_EQ(json["result"]["Zone"].text, "Z1");
-  EXPECT_EQ(json["result"]["Test"].kind, Json::Kind::Boolean);
-  EXPECT_FALSE(json["result"]["Test"].boolean);
-}
-
-TEST_F(Zones, NoObjectToGiveBackIsNothing) {
-  const ProgramRun run =
-      varnock({"call", "ZonePool", "GetParentInZone", "--set", "Zone=Z9", "--set", "Address=5"});
-  EXPECT_EQ(linesOf(run.out).front(), "Nothing") << run.out;
-  const Json json =
-      varnockJson({"call", "ZonePool", "GetParentInZone", "--set", "Zone=Z9", "--set", "Address=5"},
-                  run.status);
-  EXPECT_TRUE(json["result"].isNull());
-}
-
-TEST_F(Zones, ChildrenAreATableOfTheirColumns) {
-  const ProgramRun run = varnock({"call", "Zone", "GetChildrenInZonePool", "--set", "Zone=Z1"});
-  EXPECT_EQ(run.status, 0) << run.err;
-  const auto lines = linesOf(run.out);
-  ASSERT_EQ(lines.size(), 3u) << run.out;
-  EXPECT_EQ(lines[0], "Zone  Address");
-  EXPECT_EQ(lines[1], "Z1    5");
-  EXPECT_EQ(lines[2], "(1 row)");
-  const Json json = varnockJson({"call", "Zone", "GetChildrenInZonePool", "--set", "Zone=Z1"});
-  ASSERT_EQ(json["result"].items.size(), 1u);
-  EXPECT_EQ(json["result"].items[0]["Address"].number, 5.0);
+TEST_F(Rows, TraceWritesTheStatementsSent) {
+  EXPECT_EQ(run("call Country CountEveryCountry --trace trace.jsonl").status, 0);
+  EXPECT_TRUE(holds(readFile(folder() / "trace.jsonl"),
+                    R"("sql":"SELECT Count(*) AS CountResultField FROM [Country]","ok":true)"));
 }
 
 }  // namespace
