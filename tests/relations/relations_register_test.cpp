@@ -1,6 +1,8 @@
 // Parents, children and derived children against a real register.
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "support/captured_events.h"
 #include "support/temp_register.h"
 #include "varnock/host.h"
@@ -179,6 +181,61 @@ TEST_F(RegisterRelations, DerivedFailuresReturnNothing) {
   EXPECT_EQ(user.CountDerivedChildrenInZone(), 0);
   EXPECT_EQ(events_.last().source, "CountDerivedChildrenInZone");
   EXPECT_NE(events_.last().message.find("SQL = SELECT Count(*)"), std::string::npos);
+}
+
+// Every relation method of every class, late-bound, on one object per class
+// whose key names rows of the register.
+TEST_F(RegisterRelations, EveryRelationMethodReachesItsRows) {
+  const std::map<std::string, std::vector<std::pair<std::string, Variant>>> keys{
+      {"GroupCode", {{"GroupCode", Variant("USR")}}},
+      {"GroupMember", {{"GroupCode", Variant("USR")}, {"Username", Variant("asmith")}}},
+      {"User", {{"Username", Variant("jdoe")}}},
+      {"Zone", {{"Zone", Variant("Z1")}}},
+      {"ZoneAddress", {{"Zone", Variant("Z1")}, {"Username", Variant("asmith")}}},
+      {"ZonePool", {{"Zone", Variant("Z1")}, {"Address", Variant(5)}}},
+  };
+  // Rows listed or counted, or 1 for a parent found.
+  const std::map<std::string, std::int32_t> expected{
+      {"GroupCode.GetChildrenInGroupMember", 3}, {"GroupCode.CountChildrenInGroupMember", 3},
+      {"GroupCode.GetDerivedChildrenInUser", 3}, {"GroupCode.CountDerivedChildrenInUser", 3},
+      {"GroupMember.GetParentInGroupCode", 1},   {"GroupMember.GetParentInUser", 1},
+      {"User.GetChildrenInGroupMember", 2},      {"User.CountChildrenInGroupMember", 2},
+      {"User.GetChildrenInZoneAddress", 2},      {"User.CountChildrenInZoneAddress", 2},
+      {"User.GetDerivedChildrenInGroupCode", 2}, {"User.CountDerivedChildrenInGroupCode", 2},
+      {"User.GetDerivedChildrenInZone", 2},      {"User.CountDerivedChildrenInZone", 2},
+      {"Zone.GetChildrenInZoneAddress", 2},      {"Zone.CountChildrenInZoneAddress", 2},
+      {"Zone.GetChildrenInZonePool", 3},         {"Zone.CountChildrenInZonePool", 3},
+      {"Zone.GetDerivedChildrenInUser", 2},      {"Zone.CountDerivedChildrenInUser", 2},
+      {"ZoneAddress.GetParentInUser", 1},        {"ZoneAddress.GetParentInZone", 1},
+      {"ZonePool.GetParentInZone", 1},
+  };
+  std::size_t called = 0;
+  for (const auto& [cls, columns] : keys) {
+    const auto record = CreateObject("Varnock." + cls);
+    record->put_DSN(register_.dsn());
+    for (const auto& [column, value] : columns)
+      record->SetDataProperty(column, value);
+    for (const MemberDescription& m : members(cls)) {
+      const auto it = expected.find(cls + "." + m.name);
+      if (it == expected.end()) continue;
+      DispatchArguments none;
+      const Variant result = Invoke(*record, m.dispatchId, kDispatchMethod, none);
+      std::int32_t rows = 0;
+      if (result.type() == Variant::Type::Long) {
+        rows = result.asLong();
+      } else if (const auto list = std::dynamic_pointer_cast<Collection>(result.asObject())) {
+        rows = list->Count();
+      } else if (const auto parent = std::dynamic_pointer_cast<Record>(result.asObject())) {
+        rows = 1;
+        EXPECT_EQ(parent->get_DSN(), register_.dsn());
+      }
+      EXPECT_EQ(rows, it->second) << it->first;
+      ++called;
+    }
+    EXPECT_EQ(record->GetLastErrorMessage(), "") << cls;
+  }
+  EXPECT_EQ(called, expected.size());
+  EXPECT_EQ(events_.count(), 0u);
 }
 
 TEST_F(RegisterRelations, LateBoundListMethodsKeepTheirArguments) {

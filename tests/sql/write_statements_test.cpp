@@ -176,6 +176,25 @@ TEST(Delete, KeyConditionsAreUnescapedWithTwoBlanksAfterAnd) {
   EXPECT_EQ(deleteByKey(table("ZonePool"), {Variant("N"), Variant(7)}),
             "DELETE FROM [ZonePool] WHERE Zone = 'N' AND  Address = '7'");
   EXPECT_EQ(deleteWhere(table("User"), " "), "DELETE FROM [User] WHERE  ");
+
+  // The other classes: each key column's value is "v" + its position.
+  const std::vector<std::pair<std::string, std::string>> others{
+      {"GroupCode", "DELETE FROM [GroupCode] WHERE GroupCode = 'v0'"},
+      {"LogFile",
+       "DELETE FROM [LogFile] WHERE ProgramName = 'v0' AND  LogDate = 'v1' AND  Username = 'v2' "
+       "AND  Message = 'v3'"},
+      {"Parm", "DELETE FROM [Parm] WHERE Section = 'v0' AND  KeyName = 'v1'"},
+      {"State", "DELETE FROM [State] WHERE State = 'v0'"},
+      {"User", "DELETE FROM [User] WHERE UserName = 'v0'"},
+      {"Zone", "DELETE FROM [Zone] WHERE Zone = 'v0'"},
+      {"ZoneAddress", "DELETE FROM [ZoneAddress] WHERE Zone = 'v0' AND  UserName = 'v1'"},
+  };
+  for (const auto& [name, expected] : others) {
+    std::vector<Variant> values = nulls(name);
+    for (std::size_t i = 0; i < values.size(); ++i)
+      values[i] = Variant("v" + std::to_string(i));
+    EXPECT_EQ(deleteByKey(table(name), values), expected) << name;
+  }
 }
 
 }  // namespace
