@@ -16,7 +16,7 @@ namespace varnock {
 
 // Selects the back end. An unknown name raises AutomationError 5, and so
 // does "journal" in a build without the systemd journal.
-void setEventLog(std::string_view spec);
+void setEventLog(std::string_view setting);
 
 // The back end in use, in the notation setEventLog takes.
 std::string currentEventLog();

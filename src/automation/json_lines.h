@@ -8,7 +8,8 @@
 
 namespace varnock::jsonLines {
 
-// Appends `text` as a JSON string literal, quotes included.
+// Appends `text` as a JSON string literal, quotes included; bytes that are
+// not well-formed UTF-8 are written as U+FFFD so the line stays valid JSON.
 void appendString(std::string& out, std::string_view text);
 
 // Now, as "2026-11-22T19:46:00.123Z".

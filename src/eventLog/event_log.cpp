@@ -28,27 +28,27 @@ std::shared_ptr<Backend>& installedBackend() {
   return backend;
 }
 
-[[noreturn]] void invalidSpec(std::string_view spec, std::string_view why) {
+[[noreturn]] void invalidSetting(std::string_view setting, std::string_view why) {
   throw AutomationError(AutomationError::kInvalidProcedureCall,
-                        "Event log back end '" + std::string(spec) + "' " + std::string(why) +
+                        "Event log back end '" + std::string(setting) + "' " + std::string(why) +
                             "; expected syslog, journal, file:PATH or stderr",
                         "Event Log Component");
 }
 
 }  // namespace
 
-std::shared_ptr<Backend> makeBackend(std::string_view spec) {
-  if (spec == "syslog") return makeSyslogBackend();
-  if (spec == "stderr") return makeStderrBackend();
-  if (spec == "journal") {
+std::shared_ptr<Backend> makeBackend(std::string_view setting) {
+  if (setting == "syslog") return makeSyslogBackend();
+  if (setting == "stderr") return makeStderrBackend();
+  if (setting == "journal") {
     if (auto journal = makeJournalBackend()) return journal;
-    invalidSpec(spec, "is not available in this build");
+    invalidSetting(setting, "is not available in this build");
   }
-  if (spec.starts_with("file:")) {
-    if (spec.size() == 5) invalidSpec(spec, "names no file");
-    return makeFileBackend(std::string(spec.substr(5)));
+  if (setting.starts_with("file:")) {
+    if (setting.size() == 5) invalidSetting(setting, "names no file");
+    return makeFileBackend(std::string(setting.substr(5)));
   }
-  invalidSpec(spec, "is unknown");
+  invalidSetting(setting, "is unknown");
 }
 
 void setBackend(std::shared_ptr<Backend> backend) {
@@ -60,10 +60,10 @@ std::shared_ptr<Backend> currentBackend() {
   std::lock_guard lock(backendMutex());
   std::shared_ptr<Backend>& backend = installedBackend();
   if (!backend) {
-    const char* spec = std::getenv(kEnvironmentVariable);
+    const char* setting = std::getenv(kEnvironmentVariable);
     // A wrong setting is reported on every write rather than silently
     // replaced, so that no entry goes somewhere the user did not ask for.
-    backend = makeBackend(spec != nullptr && *spec != '\0' ? spec : "syslog");
+    backend = makeBackend(setting != nullptr && *setting != '\0' ? setting : "syslog");
   }
   return backend;
 }
@@ -98,8 +98,8 @@ void ReportDataError(std::int32_t number, std::string_view method, std::string_v
 
 namespace varnock {
 
-void setEventLog(std::string_view spec) {
-  eventLog::setBackend(eventLog::makeBackend(spec));
+void setEventLog(std::string_view setting) {
+  eventLog::setBackend(eventLog::makeBackend(setting));
 }
 
 std::string currentEventLog() {

@@ -48,6 +48,6 @@ std::shared_ptr<Backend> currentBackend();
 
 // Makes the back end that a setEventLog notation names; raises error 5 for a
 // notation it does not know.
-std::shared_ptr<Backend> makeBackend(std::string_view spec);
+std::shared_ptr<Backend> makeBackend(std::string_view setting);
 
 }  // namespace varnock::eventLog

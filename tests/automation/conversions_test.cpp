@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "support/failure_of.h"
+
 #include <cmath>
 
 #include "varnock/automation_error.h"
@@ -7,15 +9,6 @@
 
 namespace varnock {
 namespace {
-
-std::int32_t errorNumberOf(auto&& call) {
-  try {
-    call();
-  } catch (const AutomationError& e) {
-    return e.number();
-  }
-  return 0;
-}
 
 Date dateOf(int y, int m, int d, int h = 0, int mi = 0, int s = 0) {
   return Date::fromCivil({y, m, d, h, mi, s});
@@ -59,10 +52,10 @@ TEST(TextConversion, DatesUseTheUsFormWithoutEmptyParts) {
 }
 
 TEST(TextConversion, RefusesNullAndObjects) {
-  EXPECT_EQ(errorNumberOf([] { toText(Variant::null()); }), 94);
-  EXPECT_EQ(errorNumberOf([] { toNumber(Variant::null()); }), 94);
-  EXPECT_EQ(errorNumberOf([] { toBoolean(Variant::null()); }), 94);
-  EXPECT_EQ(errorNumberOf([] { toDate(Variant::null()); }), 94);
+  EXPECT_EQ(testing::failureOf([] { toText(Variant::null()); }), 94);
+  EXPECT_EQ(testing::failureOf([] { toNumber(Variant::null()); }), 94);
+  EXPECT_EQ(testing::failureOf([] { toBoolean(Variant::null()); }), 94);
+  EXPECT_EQ(testing::failureOf([] { toDate(Variant::null()); }), 94);
   try {
     toText(Variant::null());
   } catch (const AutomationError& e) {
@@ -79,8 +72,8 @@ TEST(BooleanConversion, AcceptsBooleansNumbersAndTheirTexts) {
   EXPECT_TRUE(toBoolean(Variant(0.5)));
   EXPECT_FALSE(toBoolean(Variant()));
   EXPECT_TRUE(toBoolean(Variant(dateOf(2000, 1, 1))));
-  EXPECT_EQ(errorNumberOf([] { toBoolean(Variant("yes")); }), 13);
-  EXPECT_EQ(errorNumberOf([] { toBoolean(Variant("")); }), 13);
+  EXPECT_EQ(testing::failureOf([] { toBoolean(Variant("yes")); }), 13);
+  EXPECT_EQ(testing::failureOf([] { toBoolean(Variant("")); }), 13);
 }
 
 TEST(NumberConversion, ConvertsAndRoundsHalfToEven) {
@@ -90,9 +83,9 @@ TEST(NumberConversion, ConvertsAndRoundsHalfToEven) {
   EXPECT_EQ(toLong(Variant(2.5)), 2);
   EXPECT_EQ(toLong(Variant(3.5)), 4);
   EXPECT_EQ(toLong(Variant(-2.5)), -2);
-  EXPECT_EQ(errorNumberOf([] { toLong(Variant(2147483648.0)); }), 6);
-  EXPECT_EQ(errorNumberOf([] { toNumber(Variant("12abc")); }), 13);
-  EXPECT_EQ(errorNumberOf([] { toDate(Variant("not a date")); }), 13);
+  EXPECT_EQ(testing::failureOf([] { toLong(Variant(2147483648.0)); }), 6);
+  EXPECT_EQ(testing::failureOf([] { toNumber(Variant("12abc")); }), 13);
+  EXPECT_EQ(testing::failureOf([] { toDate(Variant("not a date")); }), 13);
 }
 
 TEST(NumericTest, FollowsTheUsNumberRule) {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "support/failure_of.h"
+
 #include "support/captured_events.h"
 #include "varnock/automation_error.h"
 #include "varnock/host.h"
@@ -7,15 +9,6 @@
 
 namespace varnock {
 namespace {
-
-std::int32_t failureOf(auto&& call) {
-  try {
-    call();
-  } catch (const AutomationError& e) {
-    return e.number();
-  }
-  return 0;
-}
 
 std::int32_t idOf(const Record& record, std::string_view name) {
   return GetIDsOfNames(record, {name})[0];
@@ -35,7 +28,7 @@ TEST(CreateObject, ByProgIdOrClassIdInAnyCase) {
   EXPECT_EQ(a->get_DSN(), Record::defaultConnectionString());
   for (const char* name : {"Varnock.Users", "User", "", "8EC93EA5-F48A-45B9-8E88-7F9ABE16A5D9",
                            "{BE18E3A5-D64D-4890-8383-3F4953890749}"}) {
-    EXPECT_EQ(failureOf([&] { CreateObject(name); }), kCannotCreateObject) << name;
+    EXPECT_EQ(testing::failureOf([&] { CreateObject(name); }), kCannotCreateObject) << name;
   }
 }
 
@@ -46,8 +39,11 @@ TEST(GetIDsOfNames, MatchesMembersAndArgumentsWithoutCase) {
   EXPECT_EQ(GetIDsOfNames(*user, {"gettablename"})[0], 0x60030013);
   EXPECT_EQ(GetIDsOfNames(*user, {"GetEveryUser", "LNGNUMRECORDS", "strwhereclause"}),
             (std::vector<std::int32_t>{0x60030013 + 12, 3, 0}));
-  EXPECT_EQ(failureOf([&] { GetIDsOfNames(*user, {"GetEveryZone"}); }), kUnknownName);
-  EXPECT_EQ(failureOf([&] { GetIDsOfNames(*user, {"GetEveryUser", "lngCount"}); }), kUnknownName);
+  EXPECT_EQ(testing::failureOf([&] { GetIDsOfNames(*user, {"GetEveryZone"}); }), kUnknownName);
+  EXPECT_EQ(testing::failureOf([&] {
+              GetIDsOfNames(*user, {"GetEveryUser", "lngCount"});
+            }),
+            kUnknownName);
 }
 
 TEST(Invoke, ReadsAndAssignsProperties) {
@@ -97,7 +93,7 @@ TEST(Invoke, RefusesArgumentsThatDoNotFit) {
   const auto zone = CreateObject("Varnock.Zone");
   for (const Case& c : cases) {
     DispatchArguments arguments = c.arguments;
-    EXPECT_EQ(failureOf([&] { call(*zone, c.member, arguments); }), c.failure) << c.member;
+    EXPECT_EQ(testing::failureOf([&] { call(*zone, c.member, arguments); }), c.failure) << c.member;
   }
 }
 
@@ -145,14 +141,14 @@ TEST(Invoke, ReturnsObjectsAndReachesEveryMember) {
                                                        : kDispatchPropertyPut;
       DispatchArguments tooMany;
       tooMany.positional.assign(m.argumentNames.size() + 1, Variant());
-      EXPECT_EQ(failureOf([&] { Invoke(*record, m.dispatchId, kind, tooMany); }),
+      EXPECT_EQ(testing::failureOf([&] { Invoke(*record, m.dispatchId, kind, tooMany); }),
                 kBadParameterCount)
           << t << "." << m.name;
     }
     DispatchArguments none;
-    EXPECT_EQ(failureOf([&] { Invoke(*record, 0x60030000, kDispatchMethod, none); }),
+    EXPECT_EQ(testing::failureOf([&] { Invoke(*record, 0x60030000, kDispatchMethod, none); }),
               kMemberNotFound);
-    EXPECT_EQ(failureOf([&] {
+    EXPECT_EQ(testing::failureOf([&] {
                 Invoke(*record, idOf(*record, "GetTableName"), kDispatchPropertyPut, none);
               }),
               kMemberNotFound);
@@ -168,7 +164,7 @@ TEST(Members, DescribeTheInterfaceInOrder) {
   EXPECT_EQ(user[1].argumentNames, (std::vector<std::string>{"value"}));
   EXPECT_EQ(members("User").back().name, "CountDerivedChildrenInZone");
   EXPECT_EQ(members("ZonePool").size(), 24u);
-  EXPECT_EQ(failureOf([] { members("Nothing"); }), kCannotCreateObject);
+  EXPECT_EQ(testing::failureOf([] { members("Nothing"); }), kCannotCreateObject);
 }
 
 }  // namespace

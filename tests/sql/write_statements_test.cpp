@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "support/failure_of.h"
+
 #include "sql/literals.h"
 #include "sql/statements.h"
 #include "varnock/automation_error.h"
@@ -18,15 +20,6 @@ std::vector<Variant> nulls(std::string_view name) {
   return std::vector<Variant>(table(name).columns.size(), Variant::null());
 }
 
-std::int32_t failureOf(auto&& call) {
-  try {
-    call();
-  } catch (const AutomationError& e) {
-    return e.number();
-  }
-  return 0;
-}
-
 TEST(Literals, ApostrophesDatesBitsAndPadding) {
   EXPECT_EQ(doubledApostrophes("O'Brien's"), "O''Brien''s");
   EXPECT_EQ(twoDigits(""), "00");
@@ -39,7 +32,7 @@ TEST(Literals, ApostrophesDatesBitsAndPadding) {
   EXPECT_EQ(dateText(Variant("May 4, 2000 12:00 PM"), true), "2000/5/4 12:00:00PM");
   EXPECT_EQ(dateText(Variant(Date{0.0}), true), std::nullopt);
   EXPECT_EQ(dateText(Variant(Date{-3.5}), false), std::nullopt);
-  EXPECT_EQ(failureOf([] { dateText(Variant("yesterday"), true); }), 13);
+  EXPECT_EQ(testing::failureOf([] { dateText(Variant("yesterday"), true); }), 13);
   for (const Variant& v : {Variant(true), Variant(-1), Variant("True"), Variant(" true "),
                            Variant("-1"), Variant(-1.0)}) {
     EXPECT_EQ(bitText(v), "1") << toText(v);
@@ -50,7 +43,7 @@ TEST(Literals, ApostrophesDatesBitsAndPadding) {
   }
   EXPECT_EQ(withoutLast("a, b, ", 2), "a, b");
   EXPECT_EQ(withoutLast("ab", 2), "");
-  EXPECT_EQ(failureOf([] { withoutLast("a", 2); }), 5);
+  EXPECT_EQ(testing::failureOf([] { withoutLast("a", 2); }), 5);
 }
 
 TEST(Insert, WritesOnlyColumnsHoldingAValue) {
@@ -106,14 +99,14 @@ TEST(Insert, EveryClassUsesItsBracketedFieldNames) {
 }
 
 TEST(Insert, NothingToWriteIsAnInvalidArgument) {
-  EXPECT_EQ(failureOf([] { insert(table("User"), nulls("User")); }), 5);
-  EXPECT_EQ(failureOf([] {
+  EXPECT_EQ(testing::failureOf([] { insert(table("User"), nulls("User")); }), 5);
+  EXPECT_EQ(testing::failureOf([] {
               insert(table("LogFile"),
                      {Variant::null(), Variant(Date{0.0}), Variant::null(), Variant::null()});
             }),
             5);
   EXPECT_EQ(
-      failureOf([] {
+      testing::failureOf([] {
         insert(table("ZoneAddress"), {Variant("N"), Variant("u"), Variant(1), Variant("soon")});
       }),
       13);
@@ -156,12 +149,12 @@ TEST(Update, AssignsEveryColumnAndNamesTheRowByItsKey) {
 }
 
 TEST(Update, TablesWithoutAKeyAlwaysFail) {
-  EXPECT_EQ(failureOf([] {
+  EXPECT_EQ(testing::failureOf([] {
               update(table("ErrorLog"),
                      {date(2000, 1, 1), Variant("u"), Variant(1), Variant("d"), Variant("m")});
             }),
             5);
-  EXPECT_EQ(failureOf([] { update(table("LogFile"), nulls("LogFile")); }), 5);
+  EXPECT_EQ(testing::failureOf([] { update(table("LogFile"), nulls("LogFile")); }), 5);
 }
 
 TEST(Delete, KeyConditionsAreUnescapedWithTwoBlanksAfterAnd) {

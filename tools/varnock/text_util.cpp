@@ -6,10 +6,6 @@ namespace varnock::cli {
 
 namespace {
 
-char lower(char c) {
-  return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 void appendEscaped(std::string& out, std::string_view text, bool quotes) {
   for (const char c : text) {
     if (quotes && (c == '"' || c == '\\')) {
@@ -40,14 +36,6 @@ void appendEscaped(std::string& out, std::string_view text, bool quotes) {
 }
 
 }  // namespace
-
-bool equalsIgnoringCase(std::string_view a, std::string_view b) {
-  if (a.size() != b.size()) return false;
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    if (lower(a[i]) != lower(b[i])) return false;
-  }
-  return true;
-}
 
 std::string oneLine(std::string_view text) {
   std::string out;

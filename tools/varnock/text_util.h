@@ -4,10 +4,11 @@
 #include <string>
 #include <string_view>
 
+#include "automation/text.h"
+
 namespace varnock::cli {
 
-// ASCII letters compared without regard to case, everything else exactly.
-bool equalsIgnoringCase(std::string_view a, std::string_view b);
+using varnock::equalsIgnoringCase;
 
 // The text with control characters written as escapes (\n, \t, \x01), so a
 // value always stays on one line of output.
