@@ -58,14 +58,9 @@ BENCHMARK(BM_GetIDsOfNames);
 }  // namespace
 
 int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  varnock::bench::RatioReporter reporter({
-      {"BM_InvokePut", "BM_EarlyBoundPut", 10.0, "late-bound property assignment", 0, 100},
-      {"BM_InvokeGetTableName", "BM_EarlyBoundGetTableName", 10.0, "late-bound GetTableName", 0,
-       100},
-  });
-  benchmark::RunSpecifiedBenchmarks(&reporter);
-  const int missed = reporter.printRatios();
-  benchmark::Shutdown();
-  return missed == 0 ? 0 : 1;
+  return varnock::bench::runComparisons(
+      argc, argv,
+      {{"BM_InvokePut", "BM_EarlyBoundPut", 10.0, "late-bound property assignment", 0, 100},
+       {"BM_InvokeGetTableName", "BM_EarlyBoundGetTableName", 10.0, "late-bound GetTableName", 0,
+        100}});
 }

@@ -123,27 +123,15 @@ BENCHMARK(BM_GetEveryUser)->Unit(benchmark::kMillisecond);
 }  // namespace
 
 int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  theRegister();
-  varnock::setEventLog("stderr");  // a failure shows at once
-  varnock::bench::RatioReporter reporter({
-      {"BM_GetUser", "BM_RawKeyLookup", 1.3, "key lookup"},
-      {"BM_GetFirstUser", "BM_RawFirst", 1.3, "GetFirst<T>"},
-      {"BM_GetNextUserAt100", "BM_RawNextAt100", 1.3, "GetNext<T> at offset 100"},
-      {"BM_CountEveryUser", "BM_RawCount", 1.3, "CountEvery<T>"},
-      {"BM_GetEveryUser", "BM_RawEvery", 1.5, "GetEvery<T> of 10,000 users"},
-  });
-  benchmark::RunSpecifiedBenchmarks(&reporter);
-  int missed = reporter.printRatios();
-  const double ours = reporter.counter("BM_GetEveryUser", "peak_heap");
-  const double raw = reporter.counter("BM_RawEvery", "peak_heap");
-  if (ours > 0 && raw > 0) {
-    const bool met = ours <= 1.5 * raw;
-    missed += met ? 0 : 1;
-    std::printf("%-34s %-30s %8.2fx %7.2fx  %s %.0f KiB against %.0f KiB\n",
-                "peak heap of GetEveryUser", "peak heap of raw rows", ours / raw, 1.5,
-                met ? "met" : "MISSED", ours / 1024, raw / 1024);
-  }
-  benchmark::Shutdown();
-  return missed == 0 ? 0 : 1;
+  return varnock::bench::runComparisons(
+      argc, argv,
+      {{"BM_GetUser", "BM_RawKeyLookup", 1.3, "key lookup"},
+       {"BM_GetFirstUser", "BM_RawFirst", 1.3, "GetFirst<T>"},
+       {"BM_GetNextUserAt100", "BM_RawNextAt100", 1.3, "GetNext<T> at offset 100"},
+       {"BM_CountEveryUser", "BM_RawCount", 1.3, "CountEvery<T>"},
+       {"BM_GetEveryUser", "BM_RawEvery", 1.5, "GetEvery<T> of 10,000 users"}},
+      {{"BM_GetEveryUser", "BM_RawEvery", "peak_heap", 1.5, "bytes at the peak"}}, [] {
+        theRegister();
+        varnock::setEventLog("stderr");  // a failure shows at once
+      });
 }

@@ -100,24 +100,12 @@ BENCHMARK(BM_NewUser);
 }  // namespace
 
 int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  varnock::bench::RatioReporter reporter({
-      {"BM_AssignText", "BM_StoreVariant", 3.0, "text assignment", 50},
-      {"BM_AssignNumberText", "BM_StrtodNumber", 2.0, "numeric test", 150},
-      {"BM_AssignDateText", "BM_StrptimeDate", 2.0, "date test", 600},
-      {"BM_NewUser", "BM_NewBareRow", 1.5, "object creation"},
-  });
-  benchmark::RunSpecifiedBenchmarks(&reporter);
-  int missed = reporter.printRatios();
-  const double userHeap = reporter.counter("BM_NewUser", "heap_bytes");
-  const double rowHeap = reporter.counter("BM_NewBareRow", "heap_bytes");
-  if (userHeap >= 0 && rowHeap > 0) {
-    const bool met = userHeap < 1024 && userHeap <= rowHeap;
-    missed += met ? 0 : 1;
-    std::printf("%-34s %-30s %8.2fx %7.2fx  %s %.0f bytes (under 1024; default DSN shared)\n",
-                "heap of a new User", "heap of a bare row", userHeap / rowHeap, 1.0,
-                met ? "met" : "MISSED", userHeap);
-  }
-  benchmark::Shutdown();
-  return missed == 0 ? 0 : 1;
+  return varnock::bench::runComparisons(
+      argc, argv,
+      {{"BM_AssignText", "BM_StoreVariant", 3.0, "text assignment", 50},
+       {"BM_AssignNumberText", "BM_StrtodNumber", 2.0, "numeric test", 150},
+       {"BM_AssignDateText", "BM_StrptimeDate", 2.0, "date test", 600},
+       {"BM_NewUser", "BM_NewBareRow", 1.5, "object creation"}},
+      {{"BM_NewUser", "BM_NewBareRow", "heap_bytes", 1.0, "bytes (under 1024; default DSN shared)",
+        1024}});
 }

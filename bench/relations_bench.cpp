@@ -77,16 +77,13 @@ BENCHMARK(BM_GetChildrenInGroupMember);
 }  // namespace
 
 int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  theRegister();
-  varnock::setEventLog("stderr");
-  varnock::bench::RatioReporter reporter({
-      {"BM_GetDerivedChildrenInGroupCode", "BM_RawGroupsOfAUser", 1.5,
-       "groups of a user in 50 groups"},
-      {"BM_GetChildrenInGroupMember", "BM_RawMembersOfAGroup", 1.5, "members of a group of 1,000"},
-  });
-  benchmark::RunSpecifiedBenchmarks(&reporter);
-  const int missed = reporter.printRatios();
-  benchmark::Shutdown();
-  return missed == 0 ? 0 : 1;
+  return varnock::bench::runComparisons(argc, argv,
+                                        {{"BM_GetDerivedChildrenInGroupCode", "BM_RawGroupsOfAUser",
+                                          1.5, "groups of a user in 50 groups"},
+                                         {"BM_GetChildrenInGroupMember", "BM_RawMembersOfAGroup",
+                                          1.5, "members of a group of 1,000"}},
+                                        {}, [] {
+                                          theRegister();
+                                          varnock::setEventLog("stderr");
+                                        });
 }

@@ -128,16 +128,13 @@ BENCHMARK(BM_DeleteUser);
 }  // namespace
 
 int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  theRegister();
-  varnock::setEventLog("stderr");
-  varnock::bench::RatioReporter reporter({
-      {"BM_AddUser", "BM_RawInsert", 1.3, "AddUser, all seventeen columns"},
-      {"BM_UpdateUser", "BM_RawUpdate", 1.3, "UpdateUser"},
-      {"BM_DeleteUser", "BM_RawDelete", 1.3, "DeleteUser by key"},
-  });
-  benchmark::RunSpecifiedBenchmarks(&reporter);
-  const int missed = reporter.printRatios();
-  benchmark::Shutdown();
-  return missed == 0 ? 0 : 1;
+  return varnock::bench::runComparisons(
+      argc, argv,
+      {{"BM_AddUser", "BM_RawInsert", 1.3, "AddUser, all seventeen columns"},
+       {"BM_UpdateUser", "BM_RawUpdate", 1.3, "UpdateUser"},
+       {"BM_DeleteUser", "BM_RawDelete", 1.3, "DeleteUser by key"}},
+      {}, [] {
+        theRegister();
+        varnock::setEventLog("stderr");
+      });
 }

@@ -1,13 +1,13 @@
 // Benchmark support: a console reporter that, after the runs, prints each
 // measured case as a ratio against its baseline from the same run, and the
-// target it is held to. Usage in a benchmark program's main:
-//   RatioReporter reporter({{"BM_Assign", "BM_Store", 1.5, "under 1.5x"}});
-//   benchmark::RunSpecifiedBenchmarks(&reporter); reporter.printRatios();
+// target it is held to. A benchmark program's main is usually just:
+//   return runComparisons(argc, argv, {{"BM_Assign", "BM_Store", 1.5, "under 1.5x"}});
 #pragma once
 
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -21,6 +21,16 @@ struct Comparison {
   std::string note;
   double maxNanoseconds = 0;       // an absolute bound as well, when not 0
   double maxAddedNanoseconds = 0;  // a bound on measured - baseline, when not 0
+};
+
+// A counter of two benchmarks compared the same way (peak heap, bytes).
+struct CounterComparison {
+  std::string measured;
+  std::string baseline;
+  std::string counter;
+  double targetRatio;
+  std::string note;
+  double maxValue = 0;  // an absolute bound as well, when not 0
 };
 
 class RatioReporter : public benchmark::ConsoleReporter {
@@ -71,6 +81,23 @@ class RatioReporter : public benchmark::ConsoleReporter {
     return missed;
   }
 
+  // Prints one line per counter comparison; returns how many missed their target.
+  int printCounterRatios(const std::vector<CounterComparison>& comparisons) const {
+    int missed = 0;
+    for (const CounterComparison& c : comparisons) {
+      const double measured = counter(c.measured, c.counter);
+      const double baseline = counter(c.baseline, c.counter);
+      if (measured < 0 || baseline <= 0) continue;
+      const double ratio = measured / baseline;
+      const bool met = ratio <= c.targetRatio && (c.maxValue == 0 || measured < c.maxValue);
+      missed += met ? 0 : 1;
+      std::printf("%-34s %-30s %8.2fx %7.2fx  %s %.0f against %.0f %s\n",
+                  (c.measured + " " + c.counter).c_str(), c.baseline.c_str(), ratio, c.targetRatio,
+                  met ? "met" : "MISSED", measured, baseline, c.note.c_str());
+    }
+    return missed;
+  }
+
  private:
   static std::string bounds(const Comparison& c, double added) {
     std::string text;
@@ -88,5 +115,19 @@ class RatioReporter : public benchmark::ConsoleReporter {
   std::map<std::string, double> nanoseconds_;
   std::map<std::string, double> counters_;
 };
+
+// The main of a benchmark program: runs its benchmarks after `prepare`,
+// prints every comparison, and exits 0 only when every target was met.
+inline int runComparisons(int argc, char** argv, std::vector<Comparison> comparisons,
+                          std::vector<CounterComparison> counters = {},
+                          const std::function<void()>& prepare = {}) {
+  benchmark::Initialize(&argc, argv);
+  if (prepare) prepare();
+  RatioReporter reporter(std::move(comparisons));
+  benchmark::RunSpecifiedBenchmarks(&reporter);
+  const int missed = reporter.printRatios() + reporter.printCounterRatios(counters);
+  benchmark::Shutdown();
+  return missed == 0 ? 0 : 1;
+}
 
 }  // namespace varnock::bench
