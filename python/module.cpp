@@ -41,7 +41,8 @@ PYBIND11_MODULE(varnock, m) {
       [](py::object className) {
         py::list described;
         for (const varnock::MemberDescription& d : varnock::members(textOf(className))) {
-          described.append(py::make_tuple(d.name, d.dispatchId, d.kind, d.argumentNames));
+          described.append(
+              py::make_tuple(d.name, d.dispatchId, std::string(kindName(d.kind)), d.argumentNames));
         }
         return described;
       },

@@ -72,7 +72,7 @@ class ClassInfo {
     for (const MemberDescription& d : members(className)) {
       if (!names_.empty() && names_.back() == d.name) continue;  // the setter after the getter
       names_.push_back(d.name);
-      members_.push_back({d.name, d.dispatchId, d.kind != "method", {}});
+      members_.push_back({d.name, d.dispatchId, d.kind != MemberKind::Method, {}});
     }
   }
 
@@ -137,7 +137,7 @@ class ClassInfo {
 // with the GIL held, and nothing that fills them calls back into Python.
 ClassInfo& classInfoOf(const Record& record) {
   static std::unordered_map<const void*, std::unique_ptr<ClassInfo>> classes;
-  std::unique_ptr<ClassInfo>& info = classes[&record.table()];
+  std::unique_ptr<ClassInfo>& info = classes[record.typeName().data()];
   if (!info) info = std::make_unique<ClassInfo>(record.typeName());
   return *info;
 }

@@ -3,7 +3,7 @@
 # those already present. Run as root or with sudo available.
 set -euo pipefail
 packages=(
-  cmake ninja-build g++ pkg-config clang-format
+  cmake ninja-build g++ pkg-config clang-format-14
   libgtest-dev libgmock-dev libbenchmark-dev
   libsystemd-dev
   libsqlite3-dev sqlite3

@@ -47,4 +47,13 @@ std::optional<Date> parseDate(std::string_view text);
 std::string formatDouble(double value);
 std::string formatDate(Date value);
 
+// Names (classes, members, arguments, columns) compare as the register
+// compares them: ASCII letters without regard to case, everything else exactly.
+bool equalsIgnoringCase(std::string_view a, std::string_view b) noexcept;
+
+// The text as a JSON string literal, quotes included, as the SQL trace and the
+// event log file write texts: bytes that are not well-formed UTF-8 become
+// U+FFFD, so the result is always valid JSON.
+std::string jsonQuoted(std::string_view text);
+
 }  // namespace varnock

@@ -1,6 +1,7 @@
-// ErrorLog: a record object over one row of the register's ErrorLog table.
-// Generated from the table catalogue by tools/generate_classes.cpp; change the
-// catalogue or the generator, not this file.
+// ErrorLog: a record object over one row of the register's ErrorLog table: its
+// column properties and its data methods, in interface order. Generated
+// from the table catalogue by tools/generate_classes.cpp; change the catalogue
+// or the generator, not this file.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +9,9 @@
 #include <string>
 #include <string_view>
 
+#include "varnock/collection.h"
 #include "varnock/record.h"
+#include "varnock/variant.h"
 
 namespace varnock {
 
@@ -17,60 +20,43 @@ class ErrorLog final : public Record {
   ErrorLog() : Record("ErrorLog") {}
 
   // DateCreated: smalldatetime, Null refused.
-  Variant get_DateCreated() const { return column(0); }
-  void put_DateCreated(const Variant& value) { assign(0, value); }
+  Variant get_DateCreated() const;
+  void put_DateCreated(const Variant& value);
 
   // UserId: nvarchar, Null refused.
-  Variant get_UserId() const { return column(1); }
-  void put_UserId(const Variant& value) { assign(1, value); }
+  Variant get_UserId() const;
+  void put_UserId(const Variant& value);
 
   // ErrorNumber: int, Null refused.
-  Variant get_ErrorNumber() const { return column(2); }
-  void put_ErrorNumber(const Variant& value) { assign(2, value); }
+  Variant get_ErrorNumber() const;
+  void put_ErrorNumber(const Variant& value);
 
   // ErrorDescription: nvarchar, Null refused.
-  Variant get_ErrorDescription() const { return column(3); }
-  void put_ErrorDescription(const Variant& value) { assign(3, value); }
+  Variant get_ErrorDescription() const;
+  void put_ErrorDescription(const Variant& value);
 
   // Message: nvarchar, Null allowed.
-  Variant get_Message() const { return column(4); }
-  void put_Message(const Variant& value) { assign(4, value); }
+  Variant get_Message() const;
+  void put_Message(const Variant& value);
 
-  bool GetErrorLog(std::string_view strWhereClause = {}, std::string_view strOrderClause = {}) {
-    return lookUp(strWhereClause, strOrderClause);
-  }
-  bool GetFirstErrorLog(std::string_view strWhereClause = {},
-                        std::string_view strOrderClause = {}) {
-    return loadFirst(strWhereClause, strOrderClause);
-  }
+  bool GetErrorLog(std::string_view strWhereClause = {}, std::string_view strOrderClause = {});
+  bool GetFirstErrorLog(std::string_view strWhereClause = {}, std::string_view strOrderClause = {});
+
   // Reverses strOrderClause in place, so the caller sees the order used.
-  bool GetLastErrorLog(std::string_view strWhereClause, std::string& strOrderClause) {
-    return loadLast(strWhereClause, strOrderClause);
-  }
-  bool GetLastErrorLog(std::string_view strWhereClause = {}, std::string_view strOrderClause = {}) {
-    std::string order(strOrderClause);
-    return loadLast(strWhereClause, order);
-  }
+  bool GetLastErrorLog(std::string_view strWhereClause, std::string& strOrderClause);
+  bool GetLastErrorLog(std::string_view strWhereClause = {}, std::string_view strOrderClause = {});
   bool GetNextErrorLog(std::int32_t lngOffset, std::string_view strWhereClause = {},
-                       std::string_view strOrderClause = {}) {
-    return loadNext(lngOffset, strWhereClause, strOrderClause);
-  }
+                       std::string_view strOrderClause = {});
   bool GetPreviousErrorLog(std::int32_t lngOffset, std::string_view strWhereClause = {},
-                           std::string_view strOrderClause = {}) {
-    return loadPrevious(lngOffset, strWhereClause, strOrderClause);
-  }
+                           std::string_view strOrderClause = {});
   std::shared_ptr<Collection> GetEveryErrorLog(std::string_view strWhereClause = {},
                                                std::string_view strOrderClause = {},
                                                const Variant& lngOffset = Variant(1),
-                                               const Variant& lngNumRecords = Variant(0)) {
-    return listEvery(strWhereClause, strOrderClause, lngOffset, lngNumRecords);
-  }
-  std::int32_t CountEveryErrorLog(std::string_view strWhereClause = {}) {
-    return countEvery(strWhereClause);
-  }
-  bool AddErrorLog() { return insertRow(); }
-  bool UpdateErrorLog() { return updateRow(); }
-  bool DeleteErrorLog(std::string_view strWhereClause = {}) { return deleteRows(strWhereClause); }
+                                               const Variant& lngNumRecords = Variant(0));
+  std::int32_t CountEveryErrorLog(std::string_view strWhereClause = {});
+  bool AddErrorLog();
+  bool UpdateErrorLog();
+  bool DeleteErrorLog(std::string_view strWhereClause = {});
 };
 
 }  // namespace varnock

@@ -1,6 +1,7 @@
-// GroupCode: a record object over one row of the register's GroupCode table.
-// Generated from the table catalogue by tools/generate_classes.cpp; change the
-// catalogue or the generator, not this file.
+// GroupCode: a record object over one row of the register's GroupCode table: its
+// column properties and its data methods, in interface order. Generated
+// from the table catalogue by tools/generate_classes.cpp; change the catalogue
+// or the generator, not this file.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +9,9 @@
 #include <string>
 #include <string_view>
 
+#include "varnock/collection.h"
 #include "varnock/record.h"
+#include "varnock/variant.h"
 
 namespace varnock {
 
@@ -17,63 +20,42 @@ class GroupCode final : public Record {
   GroupCode() : Record("GroupCode") {}
 
   // GroupCode: nvarchar, Null refused.
-  Variant get_GroupCode() const { return column(0); }
-  void put_GroupCode(const Variant& value) { assign(0, value); }
+  Variant get_GroupCode() const;
+  void put_GroupCode(const Variant& value);
 
   // Group: nvarchar, Null refused.
-  Variant get_Group() const { return column(1); }
-  void put_Group(const Variant& value) { assign(1, value); }
+  Variant get_Group() const;
+  void put_Group(const Variant& value);
 
   // Comment: ntext, Null allowed.
-  Variant get_Comment() const { return column(2); }
-  void put_Comment(const Variant& value) { assign(2, value); }
+  Variant get_Comment() const;
+  void put_Comment(const Variant& value);
 
-  bool GetGroupCode(std::string_view strWhereClause = {}, std::string_view strOrderClause = {}) {
-    return lookUp(strWhereClause, strOrderClause);
-  }
+  bool GetGroupCode(std::string_view strWhereClause = {}, std::string_view strOrderClause = {});
   bool GetFirstGroupCode(std::string_view strWhereClause = {},
-                         std::string_view strOrderClause = {}) {
-    return loadFirst(strWhereClause, strOrderClause);
-  }
+                         std::string_view strOrderClause = {});
+
   // Reverses strOrderClause in place, so the caller sees the order used.
-  bool GetLastGroupCode(std::string_view strWhereClause, std::string& strOrderClause) {
-    return loadLast(strWhereClause, strOrderClause);
-  }
-  bool GetLastGroupCode(std::string_view strWhereClause = {},
-                        std::string_view strOrderClause = {}) {
-    std::string order(strOrderClause);
-    return loadLast(strWhereClause, order);
-  }
+  bool GetLastGroupCode(std::string_view strWhereClause, std::string& strOrderClause);
+  bool GetLastGroupCode(std::string_view strWhereClause = {}, std::string_view strOrderClause = {});
   bool GetNextGroupCode(std::int32_t lngOffset, std::string_view strWhereClause = {},
-                        std::string_view strOrderClause = {}) {
-    return loadNext(lngOffset, strWhereClause, strOrderClause);
-  }
+                        std::string_view strOrderClause = {});
   bool GetPreviousGroupCode(std::int32_t lngOffset, std::string_view strWhereClause = {},
-                            std::string_view strOrderClause = {}) {
-    return loadPrevious(lngOffset, strWhereClause, strOrderClause);
-  }
+                            std::string_view strOrderClause = {});
   std::shared_ptr<Collection> GetEveryGroupCode(std::string_view strWhereClause = {},
                                                 std::string_view strOrderClause = {},
                                                 const Variant& lngOffset = Variant(1),
-                                                const Variant& lngNumRecords = Variant(0)) {
-    return listEvery(strWhereClause, strOrderClause, lngOffset, lngNumRecords);
-  }
-  std::int32_t CountEveryGroupCode(std::string_view strWhereClause = {}) {
-    return countEvery(strWhereClause);
-  }
-  bool AddGroupCode() { return insertRow(); }
-  bool UpdateGroupCode() { return updateRow(); }
-  bool DeleteGroupCode(std::string_view strWhereClause = {}) { return deleteRows(strWhereClause); }
+                                                const Variant& lngNumRecords = Variant(0));
+  std::int32_t CountEveryGroupCode(std::string_view strWhereClause = {});
+  bool AddGroupCode();
+  bool UpdateGroupCode();
+  bool DeleteGroupCode(std::string_view strWhereClause = {});
   std::shared_ptr<Collection> GetChildrenInGroupMember(std::string_view strWhereClause = {},
-                                                       std::string_view strOrderClause = {}) {
-    return childrenIn(0, strWhereClause, strOrderClause);
-  }
-  std::int32_t CountChildrenInGroupMember() { return countChildrenIn(0); }
-  std::shared_ptr<Collection> GetDerivedChildrenInUser() { return derivedChildrenIn(1, {}, {}); }
+                                                       std::string_view strOrderClause = {});
+  std::int32_t CountChildrenInGroupMember();
+  std::shared_ptr<Collection> GetDerivedChildrenInUser();
   std::int32_t CountDerivedChildrenInUser(std::string_view strWhereClause = {},
-                                          std::string_view strOrderClause = {}) {
-    return countDerivedChildrenIn(1, strWhereClause, strOrderClause);
-  }
+                                          std::string_view strOrderClause = {});
 };
 
 }  // namespace varnock

@@ -1,6 +1,7 @@
-// GroupMember: a record object over one row of the register's GroupMember table.
-// Generated from the table catalogue by tools/generate_classes.cpp; change the
-// catalogue or the generator, not this file.
+// GroupMember: a record object over one row of the register's GroupMember table: its
+// column properties and its data methods, in interface order. Generated
+// from the table catalogue by tools/generate_classes.cpp; change the catalogue
+// or the generator, not this file.
 #pragma once
 
 #include <cstdint>
@@ -8,9 +9,11 @@
 #include <string>
 #include <string_view>
 
+#include "varnock/collection.h"
 #include "varnock/group_code.h"
 #include "varnock/record.h"
 #include "varnock/user.h"
+#include "varnock/variant.h"
 
 namespace varnock {
 
@@ -19,55 +22,35 @@ class GroupMember final : public Record {
   GroupMember() : Record("GroupMember") {}
 
   // GroupCode: nvarchar, Null refused.
-  Variant get_GroupCode() const { return column(0); }
-  void put_GroupCode(const Variant& value) { assign(0, value); }
+  Variant get_GroupCode() const;
+  void put_GroupCode(const Variant& value);
 
   // UserName: nvarchar, Null refused.
-  Variant get_Username() const { return column(1); }
-  void put_Username(const Variant& value) { assign(1, value); }
+  Variant get_Username() const;
+  void put_Username(const Variant& value);
 
-  bool GetGroupMember(std::string_view strWhereClause = {}, std::string_view strOrderClause = {}) {
-    return lookUp(strWhereClause, strOrderClause);
-  }
+  bool GetGroupMember(std::string_view strWhereClause = {}, std::string_view strOrderClause = {});
   bool GetFirstGroupMember(std::string_view strWhereClause = {},
-                           std::string_view strOrderClause = {}) {
-    return loadFirst(strWhereClause, strOrderClause);
-  }
+                           std::string_view strOrderClause = {});
+
   // Reverses strOrderClause in place, so the caller sees the order used.
-  bool GetLastGroupMember(std::string_view strWhereClause, std::string& strOrderClause) {
-    return loadLast(strWhereClause, strOrderClause);
-  }
+  bool GetLastGroupMember(std::string_view strWhereClause, std::string& strOrderClause);
   bool GetLastGroupMember(std::string_view strWhereClause = {},
-                          std::string_view strOrderClause = {}) {
-    std::string order(strOrderClause);
-    return loadLast(strWhereClause, order);
-  }
+                          std::string_view strOrderClause = {});
   bool GetNextGroupMember(std::int32_t lngOffset, std::string_view strWhereClause = {},
-                          std::string_view strOrderClause = {}) {
-    return loadNext(lngOffset, strWhereClause, strOrderClause);
-  }
+                          std::string_view strOrderClause = {});
   bool GetPreviousGroupMember(std::int32_t lngOffset, std::string_view strWhereClause = {},
-                              std::string_view strOrderClause = {}) {
-    return loadPrevious(lngOffset, strWhereClause, strOrderClause);
-  }
+                              std::string_view strOrderClause = {});
   std::shared_ptr<Collection> GetEveryGroupMember(std::string_view strWhereClause = {},
                                                   std::string_view strOrderClause = {},
                                                   const Variant& lngOffset = Variant(1),
-                                                  const Variant& lngNumRecords = Variant(0)) {
-    return listEvery(strWhereClause, strOrderClause, lngOffset, lngNumRecords);
-  }
-  std::int32_t CountEveryGroupMember(std::string_view strWhereClause = {}) {
-    return countEvery(strWhereClause);
-  }
-  bool AddGroupMember() { return insertRow(); }
-  bool UpdateGroupMember() { return updateRow(); }
-  bool DeleteGroupMember(std::string_view strWhereClause = {}) {
-    return deleteRows(strWhereClause);
-  }
-  std::shared_ptr<GroupCode> GetParentInGroupCode() {
-    return std::static_pointer_cast<GroupCode>(parentIn(0));
-  }
-  std::shared_ptr<User> GetParentInUser() { return std::static_pointer_cast<User>(parentIn(1)); }
+                                                  const Variant& lngNumRecords = Variant(0));
+  std::int32_t CountEveryGroupMember(std::string_view strWhereClause = {});
+  bool AddGroupMember();
+  bool UpdateGroupMember();
+  bool DeleteGroupMember(std::string_view strWhereClause = {});
+  std::shared_ptr<GroupCode> GetParentInGroupCode();
+  std::shared_ptr<User> GetParentInUser();
 };
 
 }  // namespace varnock

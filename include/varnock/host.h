@@ -66,11 +66,21 @@ std::vector<std::int32_t> GetIDsOfNames(const Record& object,
 Variant Invoke(Record& object, std::int32_t dispatchId, std::uint16_t kind,
                DispatchArguments& arguments);
 
+// What an entry of an interface is. A property's getter and setter are two
+// entries with one name and one dispatch identifier.
+enum class MemberKind : std::uint8_t { Method, PropertyGet, PropertyPut };
+
+// "method", "propget" or "propput", as type libraries write them.
+std::string_view kindName(MemberKind kind);
+
 // One entry of a class's interface, in interface order.
 struct MemberDescription {
   std::string name;
   std::int32_t dispatchId;
-  std::string kind;  // "method", "propget" or "propput"
+  MemberKind kind;
+  // True for the methods that load a row into the object itself when they
+  // return True (Get<T>, GetFirst<T>, GetLast<T>, GetNext<T>, GetPrevious<T>).
+  bool loadsObject;
   std::vector<std::string> argumentNames;
 };
 

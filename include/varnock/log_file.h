@@ -1,6 +1,7 @@
-// LogFile: a record object over one row of the register's LogFile table.
-// Generated from the table catalogue by tools/generate_classes.cpp; change the
-// catalogue or the generator, not this file.
+// LogFile: a record object over one row of the register's LogFile table: its
+// column properties and its data methods, in interface order. Generated
+// from the table catalogue by tools/generate_classes.cpp; change the catalogue
+// or the generator, not this file.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +9,9 @@
 #include <string>
 #include <string_view>
 
+#include "varnock/collection.h"
 #include "varnock/record.h"
+#include "varnock/variant.h"
 
 namespace varnock {
 
@@ -17,55 +20,39 @@ class LogFile final : public Record {
   LogFile() : Record("LogFile") {}
 
   // ProgramName: nvarchar, Null refused.
-  Variant get_ProgramName() const { return column(0); }
-  void put_ProgramName(const Variant& value) { assign(0, value); }
+  Variant get_ProgramName() const;
+  void put_ProgramName(const Variant& value);
 
   // LogDate: smalldatetime, Null refused.
-  Variant get_LogDate() const { return column(1); }
-  void put_LogDate(const Variant& value) { assign(1, value); }
+  Variant get_LogDate() const;
+  void put_LogDate(const Variant& value);
 
   // Username: nvarchar, Null allowed.
-  Variant get_Username() const { return column(2); }
-  void put_Username(const Variant& value) { assign(2, value); }
+  Variant get_Username() const;
+  void put_Username(const Variant& value);
 
   // Message: nvarchar, Null refused.
-  Variant get_Message() const { return column(3); }
-  void put_Message(const Variant& value) { assign(3, value); }
+  Variant get_Message() const;
+  void put_Message(const Variant& value);
 
-  bool GetLogFile(std::string_view strWhereClause = {}, std::string_view strOrderClause = {}) {
-    return lookUp(strWhereClause, strOrderClause);
-  }
-  bool GetFirstLogFile(std::string_view strWhereClause = {}, std::string_view strOrderClause = {}) {
-    return loadFirst(strWhereClause, strOrderClause);
-  }
+  bool GetLogFile(std::string_view strWhereClause = {}, std::string_view strOrderClause = {});
+  bool GetFirstLogFile(std::string_view strWhereClause = {}, std::string_view strOrderClause = {});
+
   // Reverses strOrderClause in place, so the caller sees the order used.
-  bool GetLastLogFile(std::string_view strWhereClause, std::string& strOrderClause) {
-    return loadLast(strWhereClause, strOrderClause);
-  }
-  bool GetLastLogFile(std::string_view strWhereClause = {}, std::string_view strOrderClause = {}) {
-    std::string order(strOrderClause);
-    return loadLast(strWhereClause, order);
-  }
+  bool GetLastLogFile(std::string_view strWhereClause, std::string& strOrderClause);
+  bool GetLastLogFile(std::string_view strWhereClause = {}, std::string_view strOrderClause = {});
   bool GetNextLogFile(std::int32_t lngOffset, std::string_view strWhereClause = {},
-                      std::string_view strOrderClause = {}) {
-    return loadNext(lngOffset, strWhereClause, strOrderClause);
-  }
+                      std::string_view strOrderClause = {});
   bool GetPreviousLogFile(std::int32_t lngOffset, std::string_view strWhereClause = {},
-                          std::string_view strOrderClause = {}) {
-    return loadPrevious(lngOffset, strWhereClause, strOrderClause);
-  }
+                          std::string_view strOrderClause = {});
   std::shared_ptr<Collection> GetEveryLogFile(std::string_view strWhereClause = {},
                                               std::string_view strOrderClause = {},
                                               const Variant& lngOffset = Variant(1),
-                                              const Variant& lngNumRecords = Variant(0)) {
-    return listEvery(strWhereClause, strOrderClause, lngOffset, lngNumRecords);
-  }
-  std::int32_t CountEveryLogFile(std::string_view strWhereClause = {}) {
-    return countEvery(strWhereClause);
-  }
-  bool AddLogFile() { return insertRow(); }
-  bool UpdateLogFile() { return updateRow(); }
-  bool DeleteLogFile(std::string_view strWhereClause = {}) { return deleteRows(strWhereClause); }
+                                              const Variant& lngNumRecords = Variant(0));
+  std::int32_t CountEveryLogFile(std::string_view strWhereClause = {});
+  bool AddLogFile();
+  bool UpdateLogFile();
+  bool DeleteLogFile(std::string_view strWhereClause = {});
 };
 
 }  // namespace varnock

@@ -13,9 +13,14 @@
 namespace varnock {
 
 // Creates the register file at `path` and returns the connection string that
-// opens it ("Provider=SQLite;Data Source=" + path). Never writes over an
-// existing file: a path that names one, or that cannot be created, raises
+// opens it, registerConnectionString(path). Never writes over an existing
+// file: a path that names one, or that cannot be created, raises
 // AutomationError and leaves the file system as it was.
 std::string createRegister(const std::string& path);
+
+// The connection string that opens the SQLite register at `path`:
+// "Provider=SQLite;Data Source=" + the path, in quotes when the path holds
+// what would otherwise end or trim it (";", quotes, blanks at either end).
+std::string registerConnectionString(const std::string& path);
 
 }  // namespace varnock

@@ -1,4 +1,5 @@
-// Varnock: the record classes of the user register Tolvane_Register.
+// Varnock: the record classes of the user register Tolvane_Register, and
+// everything else a C++ client may use: every public header.
 // Generated from the table catalogue by tools/generate_classes.cpp.
 #pragma once
 
@@ -7,7 +8,11 @@
 #include "varnock/conversions.h"
 #include "varnock/dictionary.h"
 #include "varnock/event_log.h"
+#include "varnock/host.h"
 #include "varnock/record.h"
+#include "varnock/register.h"
+#include "varnock/sql_trace.h"
+#include "varnock/type_library.h"
 #include "varnock/variant.h"
 
 #include "varnock/country.h"

@@ -1,6 +1,7 @@
-// ZonePool: a record object over one row of the register's ZonePool table.
-// Generated from the table catalogue by tools/generate_classes.cpp; change the
-// catalogue or the generator, not this file.
+// ZonePool: a record object over one row of the register's ZonePool table: its
+// column properties and its data methods, in interface order. Generated
+// from the table catalogue by tools/generate_classes.cpp; change the catalogue
+// or the generator, not this file.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +9,9 @@
 #include <string>
 #include <string_view>
 
+#include "varnock/collection.h"
 #include "varnock/record.h"
+#include "varnock/variant.h"
 #include "varnock/zone.h"
 
 namespace varnock {
@@ -18,49 +21,32 @@ class ZonePool final : public Record {
   ZonePool() : Record("ZonePool") {}
 
   // Zone: nvarchar, Null refused.
-  Variant get_Zone() const { return column(0); }
-  void put_Zone(const Variant& value) { assign(0, value); }
+  Variant get_Zone() const;
+  void put_Zone(const Variant& value);
 
   // Address: int, Null refused.
-  Variant get_Address() const { return column(1); }
-  void put_Address(const Variant& value) { assign(1, value); }
+  Variant get_Address() const;
+  void put_Address(const Variant& value);
 
-  bool GetZonePool(std::string_view strWhereClause = {}, std::string_view strOrderClause = {}) {
-    return lookUp(strWhereClause, strOrderClause);
-  }
-  bool GetFirstZonePool(std::string_view strWhereClause = {},
-                        std::string_view strOrderClause = {}) {
-    return loadFirst(strWhereClause, strOrderClause);
-  }
+  bool GetZonePool(std::string_view strWhereClause = {}, std::string_view strOrderClause = {});
+  bool GetFirstZonePool(std::string_view strWhereClause = {}, std::string_view strOrderClause = {});
+
   // Reverses strOrderClause in place, so the caller sees the order used.
-  bool GetLastZonePool(std::string_view strWhereClause, std::string& strOrderClause) {
-    return loadLast(strWhereClause, strOrderClause);
-  }
-  bool GetLastZonePool(std::string_view strWhereClause = {}, std::string_view strOrderClause = {}) {
-    std::string order(strOrderClause);
-    return loadLast(strWhereClause, order);
-  }
+  bool GetLastZonePool(std::string_view strWhereClause, std::string& strOrderClause);
+  bool GetLastZonePool(std::string_view strWhereClause = {}, std::string_view strOrderClause = {});
   bool GetNextZonePool(std::int32_t lngOffset, std::string_view strWhereClause = {},
-                       std::string_view strOrderClause = {}) {
-    return loadNext(lngOffset, strWhereClause, strOrderClause);
-  }
+                       std::string_view strOrderClause = {});
   bool GetPreviousZonePool(std::int32_t lngOffset, std::string_view strWhereClause = {},
-                           std::string_view strOrderClause = {}) {
-    return loadPrevious(lngOffset, strWhereClause, strOrderClause);
-  }
+                           std::string_view strOrderClause = {});
   std::shared_ptr<Collection> GetEveryZonePool(std::string_view strWhereClause = {},
                                                std::string_view strOrderClause = {},
                                                const Variant& lngOffset = Variant(1),
-                                               const Variant& lngNumRecords = Variant(0)) {
-    return listEvery(strWhereClause, strOrderClause, lngOffset, lngNumRecords);
-  }
-  std::int32_t CountEveryZonePool(std::string_view strWhereClause = {}) {
-    return countEvery(strWhereClause);
-  }
-  bool AddZonePool() { return insertRow(); }
-  bool UpdateZonePool() { return updateRow(); }
-  bool DeleteZonePool(std::string_view strWhereClause = {}) { return deleteRows(strWhereClause); }
-  std::shared_ptr<Zone> GetParentInZone() { return std::static_pointer_cast<Zone>(parentIn(0)); }
+                                               const Variant& lngNumRecords = Variant(0));
+  std::int32_t CountEveryZonePool(std::string_view strWhereClause = {});
+  bool AddZonePool();
+  bool UpdateZonePool();
+  bool DeleteZonePool(std::string_view strWhereClause = {});
+  std::shared_ptr<Zone> GetParentInZone();
 };
 
 }  // namespace varnock

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "automation/json_lines.h"
 #include "automation/text.h"
 #include "varnock/automation_error.h"
 
@@ -145,6 +146,20 @@ bool isNumeric(const Variant& value) {
 bool isDate(const Variant& value) {
   if (value.type() == Variant::Type::Date) return true;
   return value.isString() && parseDate(value.asString()).has_value();
+}
+
+bool equalsIgnoringCase(std::string_view a, std::string_view b) noexcept {
+  if (a.size() != b.size()) return false;
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    if (lowerCaseOf(a[i]) != lowerCaseOf(b[i])) return false;
+  }
+  return true;
+}
+
+std::string jsonQuoted(std::string_view text) {
+  std::string quoted;
+  jsonLines::appendString(quoted, text);
+  return quoted;
 }
 
 }  // namespace varnock

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "varnock/conversions.h"  // equalsIgnoringCase
+
 namespace varnock {
 
 constexpr char lowerCaseOf(char c) noexcept {
@@ -17,14 +19,6 @@ inline std::string lowerCase(std::string_view text) {
   for (char& c : folded)
     c = lowerCaseOf(c);
   return folded;
-}
-
-constexpr bool equalsIgnoringCase(std::string_view a, std::string_view b) noexcept {
-  if (a.size() != b.size()) return false;
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    if (lowerCaseOf(a[i]) != lowerCaseOf(b[i])) return false;
-  }
-  return true;
 }
 
 // The text without the blanks (spaces and tabs) around it.

@@ -1,6 +1,4 @@
-// The interface pattern shared by all record classes. Dispatch identifiers:
-// properties count down from 0x68030000 + column count (DSN) to 0x68030000
-// (the last column); methods count up from 0x60030000 + properties + 1.
+// The interface pattern shared by all record classes.
 #include "catalogue/members.h"
 
 #include "catalogue/catalogue.h"
@@ -8,9 +6,6 @@
 namespace varnock::catalogue {
 
 namespace {
-
-constexpr std::int32_t kPropertyBase = 0x68030000;
-constexpr std::int32_t kMethodBase = 0x60030000;
 
 constexpr bool kByRef = true;
 constexpr bool kByValue = false;
@@ -31,12 +26,11 @@ Argument orderClause(bool byRef) {
 class Builder {
  public:
   explicit Builder(const Table& table)
-      : table_(table),
-        nextMethodId_(kMethodBase + static_cast<std::int32_t>(table.columns.size()) + 2) {}
+      : table_(table), nextMethodId_(firstMethodDispatchId(table.columns.size())) {}
 
   void property(std::string_view name, std::int32_t position, MemberRole role, std::uint8_t index,
                 ValueType type) {
-    const std::int32_t id = kPropertyBase + position;
+    const std::int32_t id = kPropertyDispatchBase + position;
     members_.push_back({std::string(name), InvokeKind::PropertyGet, id, role, index, type, {}, {}});
     members_.push_back({std::string(name),
                         InvokeKind::PropertyPut,

@@ -14,6 +14,18 @@ namespace varnock::catalogue {
 
 struct Table;
 
+// Dispatch identifiers: properties (DSN and the columns) count down from
+// kPropertyDispatchBase + the column count (DSN) to kPropertyDispatchBase (the
+// last column), getter and setter alike; methods count up from
+// kMethodDispatchBase + the number of properties + 1, in interface order.
+inline constexpr std::int32_t kPropertyDispatchBase = 0x68030000;
+inline constexpr std::int32_t kMethodDispatchBase = 0x60030000;
+
+// The identifier of a table's first method (GetTableName).
+constexpr std::int32_t firstMethodDispatchId(std::size_t columnCount) {
+  return kMethodDispatchBase + static_cast<std::int32_t>(columnCount) + 2;
+}
+
 enum class InvokeKind : std::uint8_t { Method, PropertyGet, PropertyPut };
 
 // Types at the interface boundary.

@@ -1,12 +1,10 @@
-// The connection a caller creates before it knows the provider: it parses the
-// connection string at open and hands everything to the provider's own
-// connection from then on.
+// Opening a connection: the Provider key picks the factory, which hands back
+// a connection that is already open.
 #include <map>
 #include <mutex>
 
 #include "automation/text.h"
 #include "client/provider.h"
-#include "client/sqlite/sqlite_provider.h"
 #include "varnock/automation_error.h"
 
 namespace varnock::client {
@@ -17,7 +15,7 @@ constexpr const char* kClientSource = "Varnock.Connection";
 
 struct Registry {
   std::mutex mutex;
-  std::map<std::string, ProviderFactory> factories;  // by lower-case name
+  std::map<std::string, Provider> providers;  // by lower-case name
 };
 
 Registry& registry() {
@@ -25,64 +23,56 @@ Registry& registry() {
   return instance;
 }
 
-void registerBuiltIns() {
-  static std::once_flag once;
-  std::call_once(once, [] { sqlite::registerSqliteProvider(); });
-}
-
-class RoutingConnection final : public Connection {
- public:
-  void open(std::string_view connectionString) override {
-    const ConnectionString parsed(connectionString);
-    const std::string provider = parsed.get("Provider").value_or("");
-    const ProviderFactory* factory = findProvider(provider);
-    if (factory == nullptr) {
-      throw AutomationError(
-          kProviderNotFound,
-          "Provider cannot be found. It may not be properly installed. (Provider=" + provider +
-              " is not a provider of this build of Varnock)",
-          kClientSource);
-    }
-    opened_ = (*factory)(parsed);
-  }
-
-  std::unique_ptr<Recordset> execute(std::string_view statement) override {
-    if (!opened_) {
-      throw AutomationError(kConnectionClosed,
-                            "Operation is not allowed when the object is closed.", kClientSource);
-    }
-    return opened_->execute(statement);
-  }
-
-  void close() override {
-    if (opened_) opened_->close();
-    opened_.reset();
-  }
-
- private:
-  std::unique_ptr<Connection> opened_;
-};
-
 }  // namespace
 
-void registerProvider(std::string name, ProviderFactory factory) {
+void registerProvider(std::string name, Provider provider) {
   Registry& r = registry();
   std::lock_guard lock(r.mutex);
-  r.factories[lowerCase(name)] = std::move(factory);
+  r.providers[lowerCase(name)] = std::move(provider);
 }
 
-const ProviderFactory* findProvider(std::string_view providerValue) {
-  registerBuiltIns();
+const Provider* findProvider(std::string_view providerValue) {
+  static std::once_flag builtIns;
+  std::call_once(builtIns, registerBuiltInProviders);
   // "SQLOLEDB.1" names the provider "SQLOLEDB" in version 1.
   const std::string name = lowerCase(providerValue.substr(0, providerValue.find('.')));
   Registry& r = registry();
   std::lock_guard lock(r.mutex);
-  const auto it = r.factories.find(name);
-  return it == r.factories.end() ? nullptr : &it->second;
+  const auto it = r.providers.find(name);
+  return it == r.providers.end() ? nullptr : &it->second;
 }
 
-std::unique_ptr<Connection> createConnection() {
-  return std::make_unique<RoutingConnection>();
+namespace {
+
+const Provider& providerOf(const ConnectionString& connectionString) {
+  const std::string name = connectionString.get("Provider").value_or("");
+  const Provider* provider = findProvider(name);
+  if (provider == nullptr) {
+    throw AutomationError(kProviderNotFound,
+                          "Provider cannot be found. It may not be properly installed. (Provider=" +
+                              name + " is not a provider of this build of Varnock)",
+                          kClientSource);
+  }
+  return *provider;
+}
+
+}  // namespace
+
+std::unique_ptr<Connection> open(std::string_view connectionString) {
+  const ConnectionString parsed(connectionString);
+  return providerOf(parsed).open(parsed);
+}
+
+void create(std::string_view connectionString, const ScriptForKind& scriptFor) {
+  const ConnectionString parsed(connectionString);
+  const Provider& provider = providerOf(parsed);
+  if (!provider.create) {
+    throw AutomationError(
+        kCannotOpen,
+        "Provider=" + parsed.get("Provider").value_or("") + " cannot create a database.",
+        kClientSource);
+  }
+  provider.create(parsed, scriptFor);
 }
 
 }  // namespace varnock::client

@@ -52,4 +52,16 @@ std::optional<std::string> ConnectionString::get(std::string_view key) const {
   return std::nullopt;
 }
 
+std::string ConnectionString::valueText(std::string_view value) {
+  std::string plain = "k=";
+  plain.append(value);
+  if (ConnectionString(plain).get("k") == value) return std::string(value);
+  std::string quoted = "\"";
+  for (const char c : value) {
+    quoted.push_back(c);
+    if (c == '"') quoted.push_back('"');
+  }
+  return quoted + "\"";
+}
+
 }  // namespace varnock::client

@@ -19,6 +19,11 @@ class ConnectionString {
   std::optional<std::string> get(std::string_view key) const;
   const std::vector<std::pair<std::string, std::string>>& pairs() const { return pairs_; }
 
+  // The text to write after "key=" so that the value reads back exactly:
+  // the value itself where it would, otherwise the value in double quotes
+  // with its double quotes doubled.
+  static std::string valueText(std::string_view value);
+
  private:
   std::vector<std::pair<std::string, std::string>> pairs_;
 };

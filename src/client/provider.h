@@ -1,6 +1,8 @@
 // Providers: each database back end registers a factory under its name (the
 // Provider key of a connection string, compared without regard to case and
-// up to a version suffix: "SQLOLEDB.1" names "SQLOLEDB").
+// up to a version suffix: "SQLOLEDB.1" names "SQLOLEDB"). The client core
+// names no provider: the built-in ones are registered by the library's one
+// composition file, through registerBuiltInProviders().
 #pragma once
 
 #include <functional>
@@ -13,14 +15,23 @@
 
 namespace varnock::client {
 
-// Opens a connection of one provider; raises AutomationError when it cannot.
-using ProviderFactory =
-    std::function<std::unique_ptr<Connection>(const ConnectionString& connectionString)>;
+// What a provider does; each raises AutomationError when it cannot.
+struct Provider {
+  // Opens a connection to an existing database; the connection is born open.
+  std::function<std::unique_ptr<Connection>(const ConnectionString&)> open;
+  // As client::create().
+  std::function<void(const ConnectionString&, const ScriptForKind&)> create;
+};
 
 // Registers a provider under a name; a later registration replaces it.
-void registerProvider(std::string name, ProviderFactory factory);
+// Safe from any thread.
+void registerProvider(std::string name, Provider provider);
 
-// The factory of the provider a Provider value names, or nullptr.
-const ProviderFactory* findProvider(std::string_view providerValue);
+// The provider a Provider value names, or nullptr.
+const Provider* findProvider(std::string_view providerValue);
+
+// Registers every provider built into the library. Defined by the
+// composition file, not by the client; called once, before the first look-up.
+void registerBuiltInProviders();
 
 }  // namespace varnock::client

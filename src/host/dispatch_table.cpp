@@ -8,10 +8,10 @@ namespace varnock::host {
 
 namespace {
 
-constexpr std::int32_t kPropertyBase = 0x68030000;
+using catalogue::kPropertyDispatchBase;
 
 struct DispatchTable {
-  // Member positions by property offset (identifier - kPropertyBase); -1 where absent.
+  // Member positions by property offset (identifier - kPropertyDispatchBase); -1 where absent.
   std::vector<int> propertyGet, propertyPut;
   // Member positions by method offset (identifier - methodBase).
   std::vector<int> methods;
@@ -23,21 +23,16 @@ DispatchTable build(const catalogue::Table& table) {
   const std::size_t properties = table.columns.size() + 1;  // the columns and DSN
   d.propertyGet.assign(properties, -1);
   d.propertyPut.assign(properties, -1);
-  d.methodBase = table.members.empty() ? 0 : table.members.back().dispatchId;
-  for (const catalogue::Member& m : table.members) {
-    if (m.kind == catalogue::InvokeKind::Method && m.dispatchId < d.methodBase) {
-      d.methodBase = m.dispatchId;
-    }
-  }
+  d.methodBase = catalogue::firstMethodDispatchId(table.columns.size());
   for (std::size_t i = 0; i < table.members.size(); ++i) {
     const catalogue::Member& m = table.members[i];
     const int position = static_cast<int>(i);
     switch (m.kind) {
       case catalogue::InvokeKind::PropertyGet:
-        d.propertyGet[static_cast<std::size_t>(m.dispatchId - kPropertyBase)] = position;
+        d.propertyGet[static_cast<std::size_t>(m.dispatchId - kPropertyDispatchBase)] = position;
         break;
       case catalogue::InvokeKind::PropertyPut:
-        d.propertyPut[static_cast<std::size_t>(m.dispatchId - kPropertyBase)] = position;
+        d.propertyPut[static_cast<std::size_t>(m.dispatchId - kPropertyDispatchBase)] = position;
         break;
       case catalogue::InvokeKind::Method: {
         const auto offset = static_cast<std::size_t>(m.dispatchId - d.methodBase);
@@ -71,7 +66,7 @@ const catalogue::Member* findMember(const catalogue::Table& table, std::int32_t 
                                     std::uint16_t kind) {
   const DispatchTable& d = dispatchTableOf(table);
   int position = -1;
-  const std::int64_t propertyOffset = std::int64_t{dispatchId} - kPropertyBase;
+  const std::int64_t propertyOffset = std::int64_t{dispatchId} - kPropertyDispatchBase;
   if (propertyOffset >= 0 && propertyOffset < static_cast<std::int64_t>(d.propertyGet.size())) {
     if (kind & kDispatchPropertyPut) {
       position = lookUp(d.propertyPut, propertyOffset);

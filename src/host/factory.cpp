@@ -25,19 +25,44 @@ const catalogue::Table& classNamed(std::string_view name, bool acceptTableName) 
                         AutomationError::kRuntimeSource);
 }
 
-const char* kindName(catalogue::InvokeKind kind) {
+MemberKind kindOf(catalogue::InvokeKind kind) {
   switch (kind) {
     case catalogue::InvokeKind::Method:
-      return "method";
+      return MemberKind::Method;
     case catalogue::InvokeKind::PropertyGet:
-      return "propget";
+      return MemberKind::PropertyGet;
     case catalogue::InvokeKind::PropertyPut:
-      return "propput";
+      return MemberKind::PropertyPut;
   }
-  return "";
+  return MemberKind::Method;
+}
+
+bool loadsObject(catalogue::MemberRole role) {
+  switch (role) {
+    case catalogue::MemberRole::Get:
+    case catalogue::MemberRole::GetFirst:
+    case catalogue::MemberRole::GetLast:
+    case catalogue::MemberRole::GetNext:
+    case catalogue::MemberRole::GetPrevious:
+      return true;
+    default:
+      return false;
+  }
 }
 
 }  // namespace
+
+std::string_view kindName(MemberKind kind) {
+  switch (kind) {
+    case MemberKind::Method:
+      return "method";
+    case MemberKind::PropertyGet:
+      return "propget";
+    case MemberKind::PropertyPut:
+      return "propput";
+  }
+  return {};
+}
 
 std::shared_ptr<Record> CreateObject(std::string_view progIdOrClassId) {
   return newRecord(classNamed(progIdOrClassId, false).name);
@@ -46,7 +71,7 @@ std::shared_ptr<Record> CreateObject(std::string_view progIdOrClassId) {
 std::vector<MemberDescription> members(std::string_view className) {
   std::vector<MemberDescription> described;
   for (const catalogue::Member& m : classNamed(className, true).members) {
-    MemberDescription d{m.name, m.dispatchId, kindName(m.kind), {}};
+    MemberDescription d{m.name, m.dispatchId, kindOf(m.kind), loadsObject(m.role), {}};
     for (const catalogue::Argument& a : m.arguments)
       d.argumentNames.emplace_back(a.name);
     described.push_back(std::move(d));

@@ -4,6 +4,9 @@
 #include "catalogue/catalogue.h"
 #include "host/arguments.h"
 #include "host/dispatch_table.h"
+#include "record/record_internal.h"
+#include "relations/operations.h"
+#include "sql/operations.h"
 #include "varnock/automation_error.h"
 #include "varnock/host.h"
 
@@ -35,10 +38,10 @@ Variant call(Record& object, const Member& member, BoundArguments& arguments) {
       return Variant(object.GetTableName());
     case MemberRole::ColumnProperty:
       if (put) {
-        object.assign(member.index, a[0]);
+        RecordInternal::assign(object, member.index, a[0]);
         return {};
       }
-      return object.column(member.index);
+      return RecordInternal::column(object, member.index);
     case MemberRole::GetLastErrorMessage:
       return Variant(object.GetLastErrorMessage());
     case MemberRole::IsDataProperty:
@@ -52,42 +55,43 @@ Variant call(Record& object, const Member& member, BoundArguments& arguments) {
     case MemberRole::SetDictionary:
       return Variant(object.SetDictionary(a[0]));
     case MemberRole::Get:
-      return Variant(object.lookUp(a[0].asString(), a[1].asString()));
+      return Variant(sql::lookUp(object, a[0].asString(), a[1].asString()));
     case MemberRole::GetFirst:
-      return Variant(object.loadFirst(a[0].asString(), a[1].asString()));
+      return Variant(sql::loadFirst(object, a[0].asString(), a[1].asString()));
     case MemberRole::GetLast: {
       std::string order = a[1].asString();
-      const bool loaded = object.loadLast(a[0].asString(), order);
+      const bool loaded = sql::loadLast(object, a[0].asString(), order);
       a[1] = Variant(std::move(order));  // written back to a by-reference caller
       return Variant(loaded);
     }
     case MemberRole::GetNext:
-      return Variant(object.loadNext(a[0].asLong(), a[1].asString(), a[2].asString()));
+      return Variant(sql::loadNext(object, a[0].asLong(), a[1].asString(), a[2].asString()));
     case MemberRole::GetPrevious:
-      return Variant(object.loadPrevious(a[0].asLong(), a[1].asString(), a[2].asString()));
+      return Variant(sql::loadPrevious(object, a[0].asLong(), a[1].asString(), a[2].asString()));
     case MemberRole::GetEvery:
-      return Variant(object.listEvery(a[0].asString(), a[1].asString(), a[2], a[3]));
+      return Variant(sql::listEvery(object, a[0].asString(), a[1].asString(), a[2], a[3]));
     case MemberRole::CountEvery:
-      return Variant(object.countEvery(a[0].asString()));
+      return Variant(sql::countEvery(object, a[0].asString()));
     case MemberRole::Add:
-      return Variant(object.insertRow());
+      return Variant(sql::insertRow(object));
     case MemberRole::Update:
-      return Variant(object.updateRow());
+      return Variant(sql::updateRow(object));
     case MemberRole::Delete:
-      return Variant(object.deleteRows(a[0].asString()));
+      return Variant(sql::deleteRows(object, a[0].asString()));
     case MemberRole::GetParentIn:
-      return Variant(object.parentIn(member.index));
+      return Variant(relations::parentIn(object, member.index));
     case MemberRole::GetChildrenIn:
-      return Variant(object.childrenIn(member.index, a[0].asString(), a[1].asString()));
+      return Variant(relations::childrenIn(object, member.index, a[0].asString(), a[1].asString()));
     case MemberRole::CountChildrenIn:
-      return Variant(object.countChildrenIn(member.index));
+      return Variant(relations::countChildrenIn(object, member.index));
     case MemberRole::GetDerivedChildrenIn:
       // Some list methods take no arguments: they list without condition or order.
-      return Variant(object.derivedChildrenIn(
-          member.index, member.arguments.empty() ? std::string() : a[0].asString(),
+      return Variant(relations::derivedChildrenIn(
+          object, member.index, member.arguments.empty() ? std::string() : a[0].asString(),
           member.arguments.empty() ? std::string() : a[1].asString()));
     case MemberRole::CountDerivedChildrenIn:
-      return Variant(object.countDerivedChildrenIn(member.index, a[0].asString(), a[1].asString()));
+      return Variant(relations::countDerivedChildrenIn(object, member.index, a[0].asString(),
+                                                       a[1].asString()));
   }
   throw AutomationError(kMemberNotFound, "Member not found", AutomationError::kRuntimeSource);
 }
@@ -99,7 +103,7 @@ std::vector<std::int32_t> GetIDsOfNames(const Record& object,
   std::vector<std::int32_t> ids;
   if (names.empty()) return ids;
   const Member* found = nullptr;
-  for (const Member& m : object.table().members) {
+  for (const Member& m : RecordInternal::table(object).members) {
     if (equalsIgnoringCase(m.name, names[0])) {
       found = &m;
       break;
@@ -123,7 +127,7 @@ std::vector<std::int32_t> GetIDsOfNames(const Record& object,
 
 Variant Invoke(Record& object, std::int32_t dispatchId, std::uint16_t kind,
                DispatchArguments& arguments) {
-  const Member* member = host::findMember(object.table(), dispatchId, kind);
+  const Member* member = host::findMember(RecordInternal::table(object), dispatchId, kind);
   if (member == nullptr) {
     throw AutomationError(kMemberNotFound, "Member not found", AutomationError::kRuntimeSource);
   }

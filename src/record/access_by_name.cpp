@@ -5,8 +5,9 @@
 #include "automation/text.h"
 #include "catalogue/catalogue.h"
 #include "eventLog/event_log.h"
+#include "record/failure_report.h"
 #include "record/kirna_utility.h"
-#include "record/record_state.h"
+#include "record/record_internal.h"
 #include "varnock/automation_error.h"
 #include "varnock/conversions.h"
 #include "varnock/record.h"
@@ -21,14 +22,6 @@ constexpr std::int32_t kNotSupported = 438;
 
 std::string unknownPropertyMessage(std::string_view name) {
   return "Property [" + std::string(name) + "]doesn't exist in this class";
-}
-
-// The trap of the by-name assignments: the description becomes the last
-// error message and is reported with its source under the method's name.
-bool trapped(Record& record, std::string_view method, const AutomationError& e) {
-  RecordState::setLastErrorMessage(record, e.description());
-  eventLog::ReportDataError(e.number(), method, e.description() + " [" + e.source() + "]");
-  return false;
 }
 
 }  // namespace
@@ -52,14 +45,15 @@ bool Record::SetDataProperty(std::string_view strPropertyName, const Variant& va
     lastError_.clear();
     const int position = table_->findColumn(lowerCase(strPropertyName));
     if (position >= 0) {
-      assign(static_cast<std::size_t>(position), varPropertyValue);
+      RecordInternal::assign(*this, static_cast<std::size_t>(position), varPropertyValue);
       return GetLastErrorMessage().empty();
     }
     lastError_ = unknownPropertyMessage(strPropertyName);
     eventLog::ReportDataError(kUnknownPropertyEvent, "", GetLastErrorMessage());
     return false;
   } catch (const AutomationError& e) {
-    return trapped(*this, "SetDataProperty", e);
+    reportFailure(*this, "SetDataProperty", e);
+    return false;
   }
 }
 
@@ -86,7 +80,8 @@ bool Record::SetDictionary(const Variant& varDict) {
     }
     return true;
   } catch (const AutomationError& e) {
-    return trapped(*this, "SetDictionary", e);
+    reportFailure(*this, "SetDictionary", e);
+    return false;
   }
 }
 

@@ -5,6 +5,7 @@
 #include "catalogue/catalogue.h"
 #include "eventLog/event_log.h"
 #include "record/kirna_utility.h"
+#include "record/record_internal.h"
 #include "varnock/automation_error.h"
 
 namespace varnock {
@@ -62,30 +63,31 @@ std::string_view Record::typeName() const {
   return table_->name;
 }
 
-Variant Record::column(std::size_t position) const {
-  checkPosition(position, values_.size());
-  return values_[position];
+const Variant& RecordInternal::column(const Record& record, std::size_t position) {
+  checkPosition(position, record.values_.size());
+  return record.values_[position];
 }
 
-void Record::assign(std::size_t position, const Variant& value) {
-  checkPosition(position, values_.size());
-  const catalogue::Column& column = table_->columns[position];
+void RecordInternal::assign(Record& record, std::size_t position, const Variant& value) {
+  checkPosition(position, record.values_.size());
+  const catalogue::Column& column = record.table_->columns[position];
   if (value.isNull()) {
     if (!column.nullRefused) {
-      values_[position] = value;
-      lastError_.clear();  // the one assignment that clears the message
+      record.values_[position] = value;
+      record.lastError_.clear();  // the one assignment that clears the message
       return;
     }
-    lastError_ = "Property " + std::string(column.field) + " cannot be set to NULL";
-    eventLog::ReportDataError(kNullRefusedEvent, column.field, GetLastErrorMessage());
+    record.lastError_ = "Property " + std::string(column.field) + " cannot be set to NULL";
+    eventLog::ReportDataError(kNullRefusedEvent, column.field, record.lastError_);
     return;
   }
   if (KIRNA_utility::passes(typeClassOf(column.type), value)) {
-    values_[position] = value;
+    record.values_[position] = value;
     return;
   }
-  lastError_ = "Cannot convert this value to " + std::string(catalogue::sqlTypeName(column.type));
-  eventLog::ReportDataError(kNotConvertibleEvent, column.field, GetLastErrorMessage());
+  record.lastError_ =
+      "Cannot convert this value to " + std::string(catalogue::sqlTypeName(column.type));
+  eventLog::ReportDataError(kNotConvertibleEvent, column.field, record.lastError_);
 }
 
 }  // namespace varnock

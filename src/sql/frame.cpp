@@ -3,16 +3,14 @@
 #include <chrono>
 
 #include "catalogue/catalogue.h"
-#include "eventLog/event_log.h"
-#include "record/record_state.h"
+#include "record/new_record.h"
+#include "record/record_internal.h"
 #include "sql/trace.h"
 
 namespace varnock::sql {
 
 Session::Session(const Record& record, std::string& statement)
-    : statement_(statement), connection_(client::createConnection()) {
-  connection_->open(record.get_DSN());
-}
+    : statement_(statement), connection_(client::open(record.get_DSN())) {}
 
 client::Recordset& Session::execute(std::string statement) {
   statement_ = std::move(statement);
@@ -41,26 +39,23 @@ void Session::close() {
   connection_->close();
 }
 
-AutomationError asAutomationError(const std::exception& failure) {
-  if (const auto* automation = dynamic_cast<const AutomationError*>(&failure)) return *automation;
-  return AutomationError(static_cast<std::int32_t>(0x80004005u), failure.what(),
-                         AutomationError::kRuntimeSource);
-}
-
-void reportFailure(Record& record, std::string_view methodName, const AutomationError& failure,
-                   std::string_view statement) {
-  RecordState::setLastErrorMessage(record, failure.description());
-  std::string message = failure.description();
-  message.append(" [").append(failure.source()).append("] ").append("\r\n").append("SQL = ");
-  message.append(statement);
-  eventLog::ReportDataError(failure.number(), methodName, message);
-}
-
 void copyRow(Record& record, const client::Recordset& rows) {
-  const catalogue::Table& table = record.table();
+  const catalogue::Table& table = RecordInternal::table(record);
   for (std::size_t i = 0; i < table.columns.size(); ++i) {
-    record.assign(i, rows.field(table.columns[i].field));
+    RecordInternal::assign(record, i, rows.field(table.columns[i].field));
   }
+}
+
+std::shared_ptr<Collection> collectRows(const Record& owner, std::string_view tableName,
+                                        client::Recordset& rows) {
+  auto collection = std::make_shared<Collection>();
+  for (; !rows.eof(); rows.moveNext()) {
+    std::shared_ptr<Record> item = newRecord(tableName);
+    RecordInternal::shareConnectionString(*item, owner);
+    copyRow(*item, rows);
+    collection->Add(Variant(std::move(item)));
+  }
+  return collection;
 }
 
 }  // namespace varnock::sql

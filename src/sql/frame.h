@@ -13,14 +13,15 @@
 #include <string_view>
 
 #include "client/client.h"
-#include "varnock/automation_error.h"
+#include "record/failure_report.h"
+#include "varnock/collection.h"
 #include "varnock/record.h"
 
 namespace varnock::sql {
 
 class Session {
  public:
-  // Creates the connection and opens it with the record's DSN.
+  // Opens a connection with the record's DSN.
   Session(const Record& record, std::string& statement);
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
@@ -37,16 +38,6 @@ class Session {
   std::unique_ptr<client::Connection> connection_;
   std::unique_ptr<client::Recordset> rows_;
 };
-
-// The error path: stores the description as the last error message, composes
-// description + " [" + source + "] " + "\r\n" + "SQL = " + statement, and
-// reports it under `methodName` with the failure's number. Raises only what
-// the event log writer raises.
-void reportFailure(Record& record, std::string_view methodName, const AutomationError& failure,
-                   std::string_view statement);
-
-// Any failure as the automation error it is reported as.
-AutomationError asAutomationError(const std::exception& failure);
 
 // Runs `body` (taking a Session&) in the frame; on any failure takes the error
 // path under `methodName` and returns `failureValue`.
@@ -74,5 +65,10 @@ Result framed(Record& record, std::string_view verb, Result failureValue, Body&&
 // Copies the current row into the record, column by column in column order,
 // each value through the column's assignment and its checks.
 void copyRow(Record& record, const client::Recordset& rows);
+
+// Every remaining row as a new record object of `tableName` that works on
+// `owner`'s register, in row order.
+std::shared_ptr<Collection> collectRows(const Record& owner, std::string_view tableName,
+                                        client::Recordset& rows);
 
 }  // namespace varnock::sql

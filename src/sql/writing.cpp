@@ -1,18 +1,19 @@
 // The writing operations, once for every class.
 #include <functional>
 
+#include "record/record_internal.h"
 #include "sql/frame.h"
+#include "sql/operations.h"
 #include "sql/statements.h"
-#include "varnock/record.h"
 
-namespace varnock {
+namespace varnock::sql {
 
 namespace {
 
 // Runs one writing statement built from the record in the frame; the
 // statement is built inside the frame so that its failures take the error path.
 bool write(Record& record, std::string_view verb, const std::function<std::string()>& build) {
-  return sql::framed(record, verb, false, [&](sql::Session& session) {
+  return framed(record, verb, false, [&](Session& session) {
     session.execute(build());
     return true;
   });
@@ -20,24 +21,29 @@ bool write(Record& record, std::string_view verb, const std::function<std::strin
 
 }  // namespace
 
-bool Record::insertRow() {
-  return write(*this, "Add", [&] { return sql::insert(*table_, values_); });
+bool insertRow(Record& record) {
+  return write(record, "Add", [&] {
+    return insert(RecordInternal::table(record), RecordInternal::values(record));
+  });
 }
 
-bool Record::updateRow() {
-  return write(*this, "Update", [&] { return sql::update(*table_, values_); });
+bool updateRow(Record& record) {
+  return write(record, "Update", [&] {
+    return update(RecordInternal::table(record), RecordInternal::values(record));
+  });
 }
 
-bool Record::deleteRows(std::string_view where) {
-  return sql::framed(*this, "Delete", false, [&](sql::Session& session) {
+bool deleteRows(Record& record, std::string_view where) {
+  return framed(record, "Delete", false, [&](Session& session) {
+    const catalogue::Table& table = RecordInternal::table(record);
     if (where.empty()) {
-      if (!lookUp({}, {})) return false;  // no such row: nothing is sent
-      session.execute(sql::deleteByKey(*table_, values_));
+      if (!lookUp(record, {}, {})) return false;  // no such row: nothing is sent
+      session.execute(deleteByKey(table, RecordInternal::values(record)));
     } else {
-      session.execute(sql::deleteWhere(*table_, where));
+      session.execute(deleteWhere(table, where));
     }
     return true;
   });
 }
 
-}  // namespace varnock
+}  // namespace varnock::sql

@@ -1,29 +1,23 @@
 # Runs the class generator into OUTPUT and compares each file it writes with
-# the checked-in one: headers under EXPECTED_INCLUDE, the factory under
-# EXPECTED_SOURCE. CLANG_FORMAT and STYLE, when given, format the output first.
+# the checked-in one under ROOT. CLANG_FORMAT and STYLE format the output
+# first, as the checked-in files are formatted.
 file(REMOVE_RECURSE "${OUTPUT}")
-file(MAKE_DIRECTORY "${OUTPUT}/include" "${OUTPUT}/src")
-execute_process(COMMAND "${GENERATOR}" "${OUTPUT}/include" "${OUTPUT}/src" RESULT_VARIABLE status)
+file(MAKE_DIRECTORY "${OUTPUT}")
+execute_process(COMMAND "${GENERATOR}" "${OUTPUT}" RESULT_VARIABLE status)
 if(NOT status EQUAL 0)
   message(FATAL_ERROR "generate_classes failed: ${status}")
 endif()
-# The checked-in files are formatted; format the fresh ones the same way.
-if(CLANG_FORMAT)
-  file(GLOB_RECURSE fresh "${OUTPUT}/*")
-  execute_process(COMMAND "${CLANG_FORMAT}" "-style=file:${STYLE}" -i ${fresh})
-endif()
-foreach(kind include src)
-  if(kind STREQUAL "include")
-    set(expected "${EXPECTED_INCLUDE}")
-  else()
-    set(expected "${EXPECTED_SOURCE}")
+file(GLOB_RECURSE fresh RELATIVE "${OUTPUT}" "${OUTPUT}/*")
+foreach(name IN LISTS fresh)
+  execute_process(COMMAND "${CLANG_FORMAT}" "-style=file:${STYLE}" -i "${OUTPUT}/${name}"
+                  RESULT_VARIABLE formatted)
+  if(NOT formatted EQUAL 0)
+    message(FATAL_ERROR "${CLANG_FORMAT} failed on ${name}")
   endif()
-  file(GLOB generated RELATIVE "${OUTPUT}/${kind}" "${OUTPUT}/${kind}/*")
-  foreach(name IN LISTS generated)
-    execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files "${OUTPUT}/${kind}/${name}" "${expected}/${name}"
-                    RESULT_VARIABLE differs)
-    if(differs)
-      message(FATAL_ERROR "${expected}/${name} is stale: run generate_classes include/varnock src/record")
-    endif()
-  endforeach()
+  execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files "${OUTPUT}/${name}" "${ROOT}/${name}"
+                  RESULT_VARIABLE differs)
+  if(differs)
+    message(FATAL_ERROR "${name} is stale: run build/tools/generate_classes . and format it "
+                        "with ${CLANG_FORMAT}")
+  endif()
 endforeach()

@@ -19,8 +19,6 @@ constexpr const char* kSource = "Varnock.SQLite";
 
 class SqliteProvider : public ::testing::Test {
  protected:
-  void SetUp() override { connection_->open(register_.dsn()); }
-
   std::unique_ptr<Recordset> run(const std::string& statement) {
     return connection_->execute(statement);
   }
@@ -65,7 +63,7 @@ class SqliteProvider : public ::testing::Test {
   }
 
   testing::TempRegister register_;
-  std::unique_ptr<Connection> connection_ = createConnection();
+  std::unique_ptr<Connection> connection_ = open(register_.dsn());
 };
 
 using Names = std::vector<std::string>;

@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 
 AutomationError openFailure(const std::string& connectionString) {
   try {
-    createConnection()->open(connectionString);
+    open(connectionString);
   } catch (const AutomationError& e) {
     return e;
   }
@@ -40,8 +40,7 @@ Variant count(Connection& connection, const std::string& table) {
 TEST(RegisterFile, CreatedEmptyAndSaysHowToOpenIt) {
   testing::TempRegister reg;
   EXPECT_EQ(reg.dsn(), "Provider=SQLite;Data Source=" + reg.path().string());
-  auto connection = createConnection();
-  connection->open(reg.dsn());
+  auto connection = open(reg.dsn());
   for (const char* table : {"Country", "ErrorLog", "GroupCode", "GroupMember", "LogFile", "Parm",
                             "State", "User", "Zone", "ZoneAddress", "ZonePool"}) {
     EXPECT_EQ(count(*connection, table), Variant(std::int32_t{0})) << table;
@@ -78,8 +77,7 @@ TEST(RegisterFile, CreatingQuotesAPathThatWouldEndTheConnectionString) {
   const fs::path odd = reg.folder() / "a;b \"c\".db";
   const std::string dsn = createRegister(odd.string());
   EXPECT_EQ(ConnectionString(dsn).get("Data Source"), odd.string());
-  auto connection = createConnection();
-  connection->open(dsn);
+  auto connection = open(dsn);
   EXPECT_EQ(count(*connection, "Zone"), Variant(std::int32_t{0}));
 }
 
@@ -119,8 +117,7 @@ TEST(RegisterFile, AWriterWaitsForAnotherProcesssTransaction) {
   if (child == 0) {
     int status = 1;
     try {
-      auto holder = createConnection();
-      holder->open(reg.dsn());
+      auto holder = open(reg.dsn());
       holder->execute("BEGIN IMMEDIATE");
       holder->execute("INSERT INTO [Country] VALUES ('Chad')");
       const char signal = 'x';
@@ -136,8 +133,7 @@ TEST(RegisterFile, AWriterWaitsForAnotherProcesssTransaction) {
   char signal = 0;
   ASSERT_EQ(::read(ready[0], &signal, 1), 1);
   ::close(ready[0]);
-  auto connection = createConnection();
-  connection->open(reg.dsn());
+  auto connection = open(reg.dsn());
   const auto start = std::chrono::steady_clock::now();
   connection->execute("INSERT INTO [Country] VALUES ('Peru')");
   const auto waited = std::chrono::steady_clock::now() - start;
@@ -171,8 +167,7 @@ TEST(RegisterFile, StaysAnOrdinaryDatabaseForTheSqliteShell) {
   ASSERT_TRUE(inShell(*shell, reg.path(),
                       "INSERT INTO Zone VALUES ('south', 0); INSERT INTO ZoneAddress VALUES "
                       "('south', 'x', 2, '2001-02-03 04:05:31');"));
-  auto connection = createConnection();
-  connection->open(reg.dsn());
+  auto connection = open(reg.dsn());
   auto zone = connection->execute("SELECT * FROM [Zone] WHERE Zone = 'SOUTH'");
   EXPECT_EQ(zone->field("Test"), Variant(false));
   auto address = connection->execute("SELECT * FROM [ZoneAddress] WHERE CreationDate > '2/1/2001'");

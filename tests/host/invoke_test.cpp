@@ -136,9 +136,9 @@ TEST(Invoke, ReturnsObjectsAndReachesEveryMember) {
                         "State", "User", "Zone", "ZoneAddress", "ZonePool"}) {
     const auto record = CreateObject(std::string("Varnock.") + t);
     for (const MemberDescription& m : members(t)) {
-      const std::uint16_t kind = m.kind == "method"    ? kDispatchMethod
-                                 : m.kind == "propget" ? kDispatchPropertyGet
-                                                       : kDispatchPropertyPut;
+      const std::uint16_t kind = m.kind == MemberKind::Method        ? kDispatchMethod
+                                 : m.kind == MemberKind::PropertyGet ? kDispatchPropertyGet
+                                                                     : kDispatchPropertyPut;
       DispatchArguments tooMany;
       tooMany.positional.assign(m.argumentNames.size() + 1, Variant());
       EXPECT_EQ(testing::failureOf([&] { Invoke(*record, m.dispatchId, kind, tooMany); }),
@@ -159,10 +159,17 @@ TEST(Members, DescribeTheInterfaceInOrder) {
   const auto user = members("varnock.user");
   ASSERT_EQ(user.size(), 61u);
   EXPECT_EQ(user[0].name, "DSN");
-  EXPECT_EQ(user[0].kind, "propget");
-  EXPECT_EQ(user[1].kind, "propput");
+  EXPECT_EQ(user[0].kind, MemberKind::PropertyGet);
+  EXPECT_EQ(user[1].kind, MemberKind::PropertyPut);
   EXPECT_EQ(user[1].argumentNames, (std::vector<std::string>{"value"}));
   EXPECT_EQ(members("User").back().name, "CountDerivedChildrenInZone");
+  // The methods that fill the object itself, and no others.
+  std::vector<std::string> loading;
+  for (const MemberDescription& m : user) {
+    if (m.loadsObject) loading.push_back(m.name);
+  }
+  EXPECT_EQ(loading, (std::vector<std::string>{"GetUser", "GetFirstUser", "GetLastUser",
+                                               "GetNextUser", "GetPreviousUser"}));
   EXPECT_EQ(members("ZonePool").size(), 24u);
   EXPECT_EQ(testing::failureOf([] { members("Nothing"); }), kCannotCreateObject);
 }

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "catalogue/catalogue.h"
+#include "record/record_internal.h"
 #include "support/captured_events.h"
 #include "varnock/automation_error.h"
 #include "varnock/host.h"
@@ -39,9 +40,9 @@ TEST(NewRecord, StartsWithTheDefaultConnectionAndNullColumns) {
     EXPECT_EQ(r.GetTableName(), names[i]);
     EXPECT_EQ(r.get_DSN(), Record::defaultConnectionString());
     EXPECT_EQ(r.GetLastErrorMessage(), "");
-    ASSERT_EQ(r.columnCount(), columns[i]) << names[i];
-    for (std::size_t c = 0; c < r.columnCount(); ++c)
-      EXPECT_TRUE(r.column(c).isNull());
+    ASSERT_EQ(RecordInternal::columnCount(r), columns[i]) << names[i];
+    for (std::size_t c = 0; c < RecordInternal::columnCount(r); ++c)
+      EXPECT_TRUE(RecordInternal::column(r, c).isNull());
   }
 }
 
@@ -79,22 +80,22 @@ TEST(ColumnAssignment, NullOnARefusingColumnIsReportedByFieldName) {
   testing::CapturedEvents events;
   std::size_t refused = 0;
   for (const auto& record : oneOfEach()) {
-    const catalogue::Table& t = record->table();
+    const catalogue::Table& t = RecordInternal::table(*record);
     for (std::size_t c = 0; c < t.columns.size(); ++c) {
       const std::string field(t.columns[c].field);
       SCOPED_TRACE(std::string(t.name) + "." + field);
       const std::size_t before = events.count();
-      record->assign(c, Variant("kept"));  // accepted by text columns only
-      const Variant previous = record->column(c);
-      record->assign(c, Variant::null());
+      RecordInternal::assign(*record, c, Variant("kept"));  // accepted by text columns only
+      const Variant previous = RecordInternal::column(*record, c);
+      RecordInternal::assign(*record, c, Variant::null());
       if (refusing.find(" " + std::string(t.name) + "." + field + " ") == std::string::npos) {
-        EXPECT_TRUE(record->column(c).isNull());
+        EXPECT_TRUE(RecordInternal::column(*record, c).isNull());
         EXPECT_EQ(record->GetLastErrorMessage(), "");
         continue;
       }
       ++refused;
       const std::string message = "Property " + field + " cannot be set to NULL";
-      EXPECT_EQ(record->column(c), previous);
+      EXPECT_EQ(RecordInternal::column(*record, c), previous);
       EXPECT_EQ(record->GetLastErrorMessage(), message);
       ASSERT_GT(events.count(), before);
       EXPECT_EQ(events.last().id, 94);
@@ -148,20 +149,20 @@ TEST(ColumnAssignment, StoresAcceptedValuesUnconvertedAndNamesTheSqlTypeOfRefusa
   for (const Case& c : cases) {
     SCOPED_TRACE(std::string(c.table) + "." + c.field + " = " + toText(c.value));
     const auto record = CreateObject(std::string("Varnock.") + c.table);
-    const auto& columns = record->table().columns;
+    const auto& columns = RecordInternal::table(*record).columns;
     std::size_t at = 0;
     while (columns[at].field != c.field)
       ++at;
     const std::size_t before = events.count();
-    record->assign(at, c.value);
+    RecordInternal::assign(*record, at, c.value);
     if (*c.refusedAs == '\0') {
-      EXPECT_EQ(record->column(at), c.value);
+      EXPECT_EQ(RecordInternal::column(*record, at), c.value);
       EXPECT_EQ(record->GetLastErrorMessage(), "");
       EXPECT_EQ(events.count(), before);
       continue;
     }
     const std::string message = std::string("Cannot convert this value to ") + c.refusedAs;
-    EXPECT_TRUE(record->column(at).isNull());
+    EXPECT_TRUE(RecordInternal::column(*record, at).isNull());
     EXPECT_EQ(record->GetLastErrorMessage(), message);
     ASSERT_EQ(events.count(), before + 1);
     EXPECT_EQ(events.last().id, 13);
@@ -202,8 +203,8 @@ TEST(ColumnAssignment, AFailedEventWriteIsRaisedAfterTheMessageIsStored) {
 
 TEST(ColumnAssignment, PositionsOutsideTheTableAreInvalid) {
   Country country;
-  EXPECT_THROW(country.column(1), AutomationError);
-  EXPECT_THROW(country.assign(7, Variant("x")), AutomationError);
+  EXPECT_THROW(RecordInternal::column(country, 1), AutomationError);
+  EXPECT_THROW(RecordInternal::assign(country, 7, Variant("x")), AutomationError);
 }
 
 }  // namespace

@@ -241,7 +241,7 @@ TEST_F(RegisterRelations, EveryRelationMethodReachesItsRows) {
 TEST_F(RegisterRelations, LateBoundListMethodsKeepTheirArguments) {
   const auto zone = CreateObject("Varnock.Zone");
   zone->put_DSN(register_.dsn());
-  zone->assign(0, Variant("Z1"));
+  zone->SetDataProperty("Zone", Variant("Z1"));
   DispatchArguments clauses{{Variant("Authorized = 1"), Variant("Lastname")}, {}};
   const Variant users = Invoke(*zone, GetIDsOfNames(*zone, {"GetDerivedChildrenInUser"})[0],
                                kDispatchMethod, clauses);

@@ -53,7 +53,6 @@ class RecordingRows final : public client::Recordset {
 
 class RecordingConnection final : public client::Connection {
  public:
-  void open(std::string_view) override {}
   std::unique_ptr<client::Recordset> execute(std::string_view statement) override {
     RecordingScript& script = RecordingScript::instance();
     script.statements.emplace_back(statement);
@@ -63,18 +62,20 @@ class RecordingConnection final : public client::Connection {
     if (auto* failure = std::get_if<AutomationError>(&answer)) throw *failure;
     return std::make_unique<RecordingRows>(std::get<std::vector<Row>>(std::move(answer)));
   }
-  void close() override { ++RecordingScript::instance().closed; }
+  void close() noexcept override { ++RecordingScript::instance().closed; }
 };
 
 inline void registerRecordingProvider() {
-  client::registerProvider("Recording", [](const client::ConnectionString& cs) {
+  client::Provider provider;
+  provider.open = [](const client::ConnectionString& cs) {
     if (cs.get("Fail")) {
       throw AutomationError(client::kCannotOpen, "Server does not exist or access denied.",
                             "Recording Provider");
     }
     ++RecordingScript::instance().opened;
     return std::unique_ptr<client::Connection>(std::make_unique<RecordingConnection>());
-  });
+  };
+  client::registerProvider("Recording", std::move(provider));
   RecordingScript::instance().reset();
 }
 

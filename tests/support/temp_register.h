@@ -31,8 +31,7 @@ class TempRegister {
 
   // Runs statements through the client, as a separate caller would.
   void run(std::initializer_list<std::string_view> statements) const {
-    auto connection = client::createConnection();
-    connection->open(dsn_);
+    auto connection = client::open(dsn_);
     for (const std::string_view statement : statements)
       connection->execute(statement);
     connection->close();

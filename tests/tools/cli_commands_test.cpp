@@ -40,7 +40,7 @@ TEST_F(Describing, MembersListsTheInterfaceInOrderWithHexIdentifiers) {
       EXPECT_EQ(std::stoul(cells[1], nullptr, 16), static_cast<std::uint32_t>(m.dispatchId))
           << cells[1];
       EXPECT_EQ(cells[1].substr(0, 2), "0x");
-      EXPECT_EQ(cells[2], m.kind);
+      EXPECT_EQ(cells[2], kindName(m.kind));
       std::string arguments;
       for (const std::string& a : m.argumentNames)
         arguments += (arguments.empty() ? "" : ", ") + a;

@@ -1,7 +1,6 @@
 #include "call_command.h"
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 
 #include "dsn.h"
@@ -37,8 +36,7 @@ std::shared_ptr<Record> createNamed(const std::string& className) {
   return CreateObject("Varnock." + className);
 }
 
-const MemberDescription* find(const Interface& described, std::string_view name,
-                              std::string_view kind) {
+const MemberDescription* find(const Interface& described, std::string_view name, MemberKind kind) {
   const auto it = std::find_if(described.begin(), described.end(), [&](const MemberDescription& m) {
     return m.kind == kind && equalsIgnoringCase(m.name, name);
   });
@@ -47,8 +45,10 @@ const MemberDescription* find(const Interface& described, std::string_view name,
 
 // A name that is both would be a method; a property name reads the property.
 const MemberDescription& calledMember(const Interface& described, const CallRequest& request) {
-  if (const MemberDescription* method = find(described, request.member, "method")) return *method;
-  if (const MemberDescription* get = find(described, request.member, "propget")) return *get;
+  if (const MemberDescription* method = find(described, request.member, MemberKind::Method))
+    return *method;
+  if (const MemberDescription* get = find(described, request.member, MemberKind::PropertyGet))
+    return *get;
   throw UsageError(request.className + " has no member named " + inQuotes(request.member));
 }
 
@@ -132,16 +132,6 @@ std::optional<Refusal> assign(Record& object, const Assignment& assignment) {
   return Refusal{assignment.property->name, assignment.value, after};
 }
 
-// The methods that load a row into the object itself.
-bool loadsTheObject(const MemberDescription& member, std::string_view tableName) {
-  static constexpr std::array<std::string_view, 5> kVerbs = {"Get", "GetFirst", "GetLast",
-                                                             "GetNext", "GetPrevious"};
-  if (member.kind != "method") return false;
-  return std::any_of(kVerbs.begin(), kVerbs.end(), [&](std::string_view verb) {
-    return member.name == std::string(verb) + std::string(tableName);
-  });
-}
-
 std::vector<NamedValue> columnsOf(const Record& object) {
   std::vector<NamedValue> columns;
   const std::shared_ptr<Dictionary> fields = object.GetDictionary();  // kept alive for the loop
@@ -160,7 +150,7 @@ CallOutcome runCall(const CallRequest& request) {
   // changes nothing.
   std::vector<Assignment> assignments;
   for (const auto& [column, text] : request.assignments) {
-    const MemberDescription* property = find(described, column, "propput");
+    const MemberDescription* property = find(described, column, MemberKind::PropertyPut);
     if (property == nullptr) {
       throw UsageError(inQuotes(column) + " is not a property of " + request.className);
     }
@@ -173,7 +163,7 @@ CallOutcome runCall(const CallRequest& request) {
   object->put_DSN(chosenConnectionString(request.dsn));
 
   CallOutcome outcome;
-  outcome.method = member.kind == "method";
+  outcome.method = member.kind == MemberKind::Method;
   for (const Assignment& assignment : assignments) {
     if (auto refusal = assign(*object, assignment)) outcome.refusals.push_back(*refusal);
   }
@@ -190,7 +180,7 @@ CallOutcome runCall(const CallRequest& request) {
   outcome.lastError = object->GetLastErrorMessage();
   outcome.newLastError = outcome.lastError != errorBefore;
   if (outcome.result->type() == Variant::Type::Boolean && outcome.result->asBoolean() &&
-      loadsTheObject(member, object->GetTableName())) {
+      member.loadsObject) {
     outcome.object = columnsOf(*object);
   }
   return outcome;

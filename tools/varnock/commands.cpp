@@ -75,7 +75,7 @@ ExitStatus membersCommand(const Words& words, std::ostream& out) {
     std::string arguments;
     for (const std::string& a : m.argumentNames)
       arguments += (arguments.empty() ? "" : ", ") + a;
-    lines.push_back({m.name, hexNumber(m.dispatchId), m.kind, arguments});
+    lines.push_back({m.name, hexNumber(m.dispatchId), std::string(kindName(m.kind)), arguments});
   }
   std::size_t nameWidth = 0, kindWidth = 0, idWidth = 0;
   for (const Line& l : lines) {

@@ -9,10 +9,6 @@
 
 namespace varnock::cli {
 
-// "Provider=SQLite;Data Source=PATH", the path quoted when it would not
-// survive as a plain connection string value.
-std::string sqliteConnectionString(std::string_view path);
-
 // The connection string of a --dsn value or a VARNOCK_DSN value.
 std::string connectionStringOf(std::string_view dsnOrPath);
 

@@ -1,13 +1,12 @@
 #include "json_output.h"
 
-#include "automation/json_lines.h"
-
 #include <charconv>
 #include <cmath>
 #include <cstdio>
 
 #include "error_report.h"
 #include "object_fields.h"
+#include "varnock/conversions.h"
 
 namespace varnock::cli {
 
@@ -76,9 +75,7 @@ std::string jsonObjectValue(const Variant& value) {
 }  // namespace
 
 std::string jsonString(std::string_view text) {
-  std::string out;
-  jsonLines::appendString(out, text);
-  return out;
+  return jsonQuoted(text);
 }
 
 std::string jsonValue(const Variant& value) {

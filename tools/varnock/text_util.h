@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "automation/text.h"
+#include "varnock/conversions.h"
 
 namespace varnock::cli {
 

@@ -1,6 +1,5 @@
 #include "client/sqlite/sqlite_connection.h"
 
-#include <optional>
 #include <string>
 #include <utility>
 
@@ -16,17 +15,6 @@ namespace {
 // before it gives up, as SQL Server's clients wait for a lock.
 constexpr int kBusyTimeoutMilliseconds = 30000;
 
-DatabaseHandle openExisting(const std::string& path) {
-  sqlite3* raw = nullptr;
-  const int opened = sqlite3_open_v2(path.c_str(), &raw, SQLITE_OPEN_READWRITE, nullptr);
-  DatabaseHandle db(raw);
-  if (opened != SQLITE_OK) {
-    fail(kCannotOpen, std::string(db ? sqlite3_errmsg(db.get()) : sqlite3_errstr(opened)) +
-                          " (Data Source=" + path + ")");
-  }
-  return db;
-}
-
 void configure(sqlite3* db) {
   sqlite3_busy_timeout(db, kBusyTimeoutMilliseconds);
   // "text" names a column, as SQL Server reads it; it is never a literal.
@@ -39,30 +27,26 @@ void configure(sqlite3* db) {
 
 }  // namespace
 
-SqliteConnection::SqliteConnection(const ConnectionString& connectionString) {
-  openDataSource(connectionString);
-}
-
-void SqliteConnection::open(std::string_view connectionString) {
-  close();
-  openDataSource(ConnectionString(connectionString));
-}
-
-void SqliteConnection::openDataSource(const ConnectionString& connectionString) {
-  const std::optional<std::string> path = connectionString.get("Data Source");
-  if (!path || path->empty()) {
-    fail(kCannotOpen,
-         "The connection string names no Data Source; the SQLite provider needs the path of a "
-         "register file.");
+DatabaseHandle openDatabase(const std::string& path) {
+  sqlite3* raw = nullptr;
+  const int opened = sqlite3_open_v2(path.c_str(), &raw, SQLITE_OPEN_READWRITE, nullptr);
+  DatabaseHandle db(raw);
+  if (opened != SQLITE_OK) {
+    fail(kCannotOpen, std::string(db ? sqlite3_errmsg(db.get()) : sqlite3_errstr(opened)) +
+                          " (Data Source=" + path + ")");
   }
-  DatabaseHandle db = openExisting(*path);
   configure(db.get());
-  schema_ = RegisterSchema::cached(db.get(), *path);
+  return db;
+}
+
+SqliteConnection::SqliteConnection(const std::string& path) {
+  DatabaseHandle db = openDatabase(path);
+  schema_ = RegisterSchema::cached(db.get(), path);
   db_ = std::move(db);
 }
 
 std::unique_ptr<Recordset> SqliteConnection::execute(std::string_view statement) {
-  if (!db_) fail(kConnectionClosed, "Operation is not allowed when the object is closed.");
+  if (!db_) fail(kConnectionClosed, kConnectionClosedText);
   const std::string sql = toSqliteDialect(statement, *schema_);
   sqlite3_stmt* raw = nullptr;
   const char* tail = nullptr;
@@ -82,7 +66,7 @@ std::unique_ptr<Recordset> SqliteConnection::execute(std::string_view statement)
   return std::make_unique<SqliteRecordset>(db_, std::move(compiled), stepped == SQLITE_ROW);
 }
 
-void SqliteConnection::close() {
+void SqliteConnection::close() noexcept {
   db_.reset();
 }
 

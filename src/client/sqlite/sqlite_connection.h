@@ -5,10 +5,10 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "client/client.h"
-#include "client/connection_string.h"
 #include "client/sqlite/register_schema.h"
 #include "client/sqlite/sqlite_handles.h"
 
@@ -16,18 +16,19 @@ namespace varnock::client::sqlite {
 
 class SqliteConnection final : public Connection {
  public:
-  // Opens the register that the Data Source key names.
-  explicit SqliteConnection(const ConnectionString& connectionString);
+  // Opens the database file at `path`; raises kCannotOpen when it cannot.
+  explicit SqliteConnection(const std::string& path);
 
-  void open(std::string_view connectionString) override;
   std::unique_ptr<Recordset> execute(std::string_view statement) override;
-  void close() override;
+  void close() noexcept override;
 
  private:
-  void openDataSource(const ConnectionString& connectionString);
-
   SharedDatabase db_;
   std::shared_ptr<const RegisterSchema> schema_;  // as the database declares it at open
 };
+
+// Opens `path` read-write with the register's connection settings; raises
+// kCannotOpen with SQLite's message when it cannot.
+DatabaseHandle openDatabase(const std::string& path);
 
 }  // namespace varnock::client::sqlite

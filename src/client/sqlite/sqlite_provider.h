@@ -3,11 +3,11 @@
 // ordinary SQLite database.
 #pragma once
 
-#include <string>
+#include "client/provider.h"
 
 namespace varnock::client::sqlite {
 
-// Registers the provider under the name "SQLite".
-void registerSqliteProvider();
+// What the provider does, for registration under the name "SQLite".
+Provider sqliteProvider();
 
 }  // namespace varnock::client::sqlite

@@ -4,8 +4,8 @@
 
 #include <string_view>
 
-namespace varnock::client::sqlite {
+namespace varnock::schema {
 
 std::string_view registerSchemaSql() noexcept;
 
-}  // namespace varnock::client::sqlite
+}  // namespace varnock::schema

@@ -1,0 +1,39 @@
+// Creating a register: the client makes the database, the catalogue's DDL for
+// the database's kind fills it.
+#include "client/client.h"
+#include "client/connection_string.h"
+#include "register/schema_text.h"
+#include "varnock/automation_error.h"
+#include "varnock/register.h"
+
+namespace varnock {
+
+namespace {
+
+constexpr const char* kRegisterSource = "Varnock.Register";
+
+std::string registerScript(std::string_view databaseKind) {
+  if (databaseKind == "SQLite") return std::string(schema::registerSchemaSql());
+  throw AutomationError(
+      client::kCannotOpen,
+      "A register cannot be created on a database of kind " + std::string(databaseKind) + ".",
+      kRegisterSource);
+}
+
+}  // namespace
+
+std::string registerConnectionString(const std::string& path) {
+  return "Provider=SQLite;Data Source=" + client::ConnectionString::valueText(path);
+}
+
+std::string createRegister(const std::string& path) {
+  if (path.empty()) {
+    throw AutomationError(client::kCannotOpen, "A register needs the path of its file.",
+                          kRegisterSource);
+  }
+  std::string connectionString = registerConnectionString(path);
+  client::create(connectionString, registerScript);
+  return connectionString;
+}
+
+}  // namespace varnock
