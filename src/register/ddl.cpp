@@ -1,7 +1,9 @@
 #include "register/ddl.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <map>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -16,7 +18,7 @@ using catalogue::RelationKind;
 using catalogue::SqlType;
 using catalogue::Table;
 
-// ---- What the catalogue implies beyond its columns ----
+// What the catalogue implies beyond its columns, for both databases.
 
 struct ForeignKey {
   const Column* column;
@@ -105,6 +107,14 @@ std::string nameList(const std::vector<const Column*>& columns, Quote quote) {
   return list;
 }
 
+// The body of a CREATE TABLE: one definition a line, separated by commas.
+std::string definitions(const std::vector<std::string>& lines) {
+  std::string body;
+  for (const std::string& line : lines)
+    body += (body.empty() ? "" : ",\n") + line;
+  return body + "\n";
+}
+
 std::string doubleQuoted(std::string_view name) {
   return "\"" + std::string(name) + "\"";
 }
@@ -112,7 +122,7 @@ std::string bracketed(std::string_view name) {
   return "[" + std::string(name) + "]";
 }
 
-// ---- SQLite ----
+// SQLite: one transaction, run by createRegister on a new file.
 
 constexpr std::string_view kSqliteHeader =
     R"(-- Tolvane_Register as an SQLite database: the register that Varnock's record
@@ -176,14 +186,12 @@ std::string sqliteColumn(const Table& t, const Column& c) {
 
 std::string sqliteTable(const Table& t) {
   std::string text = t.wholeRowKey ? std::string(kLogComment) : std::string();
-  text += "CREATE TABLE " + doubleQuoted(t.name) + " (\n";
-  const std::vector<const Column*> key = primaryKey(t);
-  for (const Column& c : t.columns) {
-    const bool last = &c == &t.columns.back() && key.empty();
-    text += sqliteColumn(t, c) + (last ? "\n" : ",\n");
-  }
-  if (!key.empty()) text += "  PRIMARY KEY (" + nameList(key, doubleQuoted) + ")\n";
-  text += ");\n";
+  std::vector<std::string> lines;
+  for (const Column& c : t.columns)
+    lines.push_back(sqliteColumn(t, c));
+  if (const std::vector<const Column*> key = primaryKey(t); !key.empty())
+    lines.push_back("  PRIMARY KEY (" + nameList(key, doubleQuoted) + ")");
+  text += "CREATE TABLE " + doubleQuoted(t.name) + " (\n" + definitions(lines) + ");\n";
   for (const Column* c : indexedColumns(t)) {
     const std::string index = std::string(t.name) + " by " + std::string(c->field);
     text += "CREATE INDEX " + doubleQuoted(index) + " ON " + doubleQuoted(t.name) + " (" +
@@ -235,7 +243,7 @@ std::string sqliteDdl() {
   return text;
 }
 
-// ---- SQL Server ----
+// SQL Server: batches for sqlcmd, constraints named so that errors name them.
 
 constexpr std::string_view kSqlServerHeader =
     R"(-- Tolvane_Register on SQL Server: the tables, keys and relations that
@@ -267,10 +275,7 @@ std::string sqlServerTable(const Table& t) {
                     bracketed(fk.column->field) + ")\n    REFERENCES " + owned(parent) + " (" +
                     bracketed(fk.column->field) + ")");
   }
-  std::string text = "CREATE TABLE " + owned(t.name) + " (\n";
-  for (std::size_t i = 0; i < lines.size(); ++i)
-    text += lines[i] + (i + 1 < lines.size() ? ",\n" : "\n");
-  return text + ");\nGO\n";
+  return "CREATE TABLE " + owned(t.name) + " (\n" + definitions(lines) + ");\nGO\n";
 }
 
 std::string sqlServerDdl() {
