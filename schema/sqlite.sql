@@ -12,6 +12,8 @@
 --   * bits are 1 and 0;
 --   * foreign keys hold only on connections that turn them on
 --     (PRAGMA foreign_keys = ON), as the provider does on every connection.
+-- Written by generate_schema from the table catalogue: change the catalogue
+-- and run it again rather than edit this file.
 
 -- Readers do not wait for writers, and several processes share the register.
 PRAGMA journal_mode = WAL;
@@ -23,7 +25,7 @@ CREATE TABLE "Country" (
   PRIMARY KEY ("Country")
 );
 
--- The logs have no key: two entries may be alike in every column.
+-- A log has no key: two entries may be alike in every column.
 CREATE TABLE "ErrorLog" (
   "DateCreated" smalldatetime NOT NULL,
   "UserId" nvarchar(50) COLLATE NOCASE NOT NULL,
@@ -39,6 +41,7 @@ CREATE TABLE "GroupCode" (
   PRIMARY KEY ("GroupCode")
 );
 
+-- A log has no key: two entries may be alike in every column.
 CREATE TABLE "LogFile" (
   "ProgramName" nvarchar(50) COLLATE NOCASE NOT NULL,
   "LogDate" smalldatetime NOT NULL,
@@ -116,133 +119,173 @@ CREATE TABLE "ZonePool" (
 -- over round up); one they cannot read is refused, and so is a date outside
 -- smalldatetime's range, with SQL Server's messages.
 
-CREATE TRIGGER "ErrorLog.DateCreated stored as a date after insert" AFTER INSERT ON "ErrorLog"
-WHEN NEW."DateCreated" IS NOT strftime('%Y-%m-%d %H:%M:00', NEW."DateCreated", '+30 seconds')
+CREATE TRIGGER "ErrorLog.DateCreated stored as a date after insert"
+AFTER INSERT ON "ErrorLog"
+WHEN NEW."DateCreated"
+       IS NOT strftime('%Y-%m-%d %H:%M:00', NEW."DateCreated", '+30 seconds')
   OR NEW."DateCreated" NOT BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00'
 BEGIN
   SELECT RAISE(ABORT, 'Conversion failed when converting date and/or time from character string.')
   WHERE strftime('%Y-%m-%d %H:%M:00', NEW."DateCreated", '+30 seconds') IS NULL;
-  SELECT RAISE(ABORT, 'The conversion of a varchar data type to a smalldatetime data type resulted in an out-of-range value.')
+  SELECT RAISE(ABORT,
+    'The conversion of a varchar data type to a smalldatetime data type resulted in an out-of-range value.')
   WHERE strftime('%Y-%m-%d %H:%M:00', NEW."DateCreated", '+30 seconds')
     NOT BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00';
-  UPDATE "ErrorLog" SET "DateCreated" = strftime('%Y-%m-%d %H:%M:00', "DateCreated", '+30 seconds')
+  UPDATE "ErrorLog"
+  SET "DateCreated" = strftime('%Y-%m-%d %H:%M:00', "DateCreated", '+30 seconds')
   WHERE rowid = NEW.rowid;
 END;
 
-CREATE TRIGGER "ErrorLog.DateCreated stored as a date after update" AFTER UPDATE OF "DateCreated" ON "ErrorLog"
-WHEN NEW."DateCreated" IS NOT strftime('%Y-%m-%d %H:%M:00', NEW."DateCreated", '+30 seconds')
+CREATE TRIGGER "ErrorLog.DateCreated stored as a date after update"
+AFTER UPDATE OF "DateCreated" ON "ErrorLog"
+WHEN NEW."DateCreated"
+       IS NOT strftime('%Y-%m-%d %H:%M:00', NEW."DateCreated", '+30 seconds')
   OR NEW."DateCreated" NOT BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00'
 BEGIN
   SELECT RAISE(ABORT, 'Conversion failed when converting date and/or time from character string.')
   WHERE strftime('%Y-%m-%d %H:%M:00', NEW."DateCreated", '+30 seconds') IS NULL;
-  SELECT RAISE(ABORT, 'The conversion of a varchar data type to a smalldatetime data type resulted in an out-of-range value.')
+  SELECT RAISE(ABORT,
+    'The conversion of a varchar data type to a smalldatetime data type resulted in an out-of-range value.')
   WHERE strftime('%Y-%m-%d %H:%M:00', NEW."DateCreated", '+30 seconds')
     NOT BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00';
-  UPDATE "ErrorLog" SET "DateCreated" = strftime('%Y-%m-%d %H:%M:00', "DateCreated", '+30 seconds')
+  UPDATE "ErrorLog"
+  SET "DateCreated" = strftime('%Y-%m-%d %H:%M:00', "DateCreated", '+30 seconds')
   WHERE rowid = NEW.rowid;
 END;
 
-CREATE TRIGGER "LogFile.LogDate stored as a date after insert" AFTER INSERT ON "LogFile"
-WHEN NEW."LogDate" IS NOT strftime('%Y-%m-%d %H:%M:00', NEW."LogDate", '+30 seconds')
+CREATE TRIGGER "LogFile.LogDate stored as a date after insert"
+AFTER INSERT ON "LogFile"
+WHEN NEW."LogDate"
+       IS NOT strftime('%Y-%m-%d %H:%M:00', NEW."LogDate", '+30 seconds')
   OR NEW."LogDate" NOT BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00'
 BEGIN
   SELECT RAISE(ABORT, 'Conversion failed when converting date and/or time from character string.')
   WHERE strftime('%Y-%m-%d %H:%M:00', NEW."LogDate", '+30 seconds') IS NULL;
-  SELECT RAISE(ABORT, 'The conversion of a varchar data type to a smalldatetime data type resulted in an out-of-range value.')
+  SELECT RAISE(ABORT,
+    'The conversion of a varchar data type to a smalldatetime data type resulted in an out-of-range value.')
   WHERE strftime('%Y-%m-%d %H:%M:00', NEW."LogDate", '+30 seconds')
     NOT BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00';
-  UPDATE "LogFile" SET "LogDate" = strftime('%Y-%m-%d %H:%M:00', "LogDate", '+30 seconds')
+  UPDATE "LogFile"
+  SET "LogDate" = strftime('%Y-%m-%d %H:%M:00', "LogDate", '+30 seconds')
   WHERE rowid = NEW.rowid;
 END;
 
-CREATE TRIGGER "LogFile.LogDate stored as a date after update" AFTER UPDATE OF "LogDate" ON "LogFile"
-WHEN NEW."LogDate" IS NOT strftime('%Y-%m-%d %H:%M:00', NEW."LogDate", '+30 seconds')
+CREATE TRIGGER "LogFile.LogDate stored as a date after update"
+AFTER UPDATE OF "LogDate" ON "LogFile"
+WHEN NEW."LogDate"
+       IS NOT strftime('%Y-%m-%d %H:%M:00', NEW."LogDate", '+30 seconds')
   OR NEW."LogDate" NOT BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00'
 BEGIN
   SELECT RAISE(ABORT, 'Conversion failed when converting date and/or time from character string.')
   WHERE strftime('%Y-%m-%d %H:%M:00', NEW."LogDate", '+30 seconds') IS NULL;
-  SELECT RAISE(ABORT, 'The conversion of a varchar data type to a smalldatetime data type resulted in an out-of-range value.')
+  SELECT RAISE(ABORT,
+    'The conversion of a varchar data type to a smalldatetime data type resulted in an out-of-range value.')
   WHERE strftime('%Y-%m-%d %H:%M:00', NEW."LogDate", '+30 seconds')
     NOT BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00';
-  UPDATE "LogFile" SET "LogDate" = strftime('%Y-%m-%d %H:%M:00', "LogDate", '+30 seconds')
+  UPDATE "LogFile"
+  SET "LogDate" = strftime('%Y-%m-%d %H:%M:00', "LogDate", '+30 seconds')
   WHERE rowid = NEW.rowid;
 END;
 
-CREATE TRIGGER "User.DateCreated stored as a date after insert" AFTER INSERT ON "User"
-WHEN NEW."DateCreated" IS NOT strftime('%Y-%m-%d %H:%M:00', NEW."DateCreated", '+30 seconds')
+CREATE TRIGGER "User.DateCreated stored as a date after insert"
+AFTER INSERT ON "User"
+WHEN NEW."DateCreated"
+       IS NOT strftime('%Y-%m-%d %H:%M:00', NEW."DateCreated", '+30 seconds')
   OR NEW."DateCreated" NOT BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00'
 BEGIN
   SELECT RAISE(ABORT, 'Conversion failed when converting date and/or time from character string.')
   WHERE strftime('%Y-%m-%d %H:%M:00', NEW."DateCreated", '+30 seconds') IS NULL;
-  SELECT RAISE(ABORT, 'The conversion of a varchar data type to a smalldatetime data type resulted in an out-of-range value.')
+  SELECT RAISE(ABORT,
+    'The conversion of a varchar data type to a smalldatetime data type resulted in an out-of-range value.')
   WHERE strftime('%Y-%m-%d %H:%M:00', NEW."DateCreated", '+30 seconds')
     NOT BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00';
-  UPDATE "User" SET "DateCreated" = strftime('%Y-%m-%d %H:%M:00', "DateCreated", '+30 seconds')
+  UPDATE "User"
+  SET "DateCreated" = strftime('%Y-%m-%d %H:%M:00', "DateCreated", '+30 seconds')
   WHERE rowid = NEW.rowid;
 END;
 
-CREATE TRIGGER "User.DateCreated stored as a date after update" AFTER UPDATE OF "DateCreated" ON "User"
-WHEN NEW."DateCreated" IS NOT strftime('%Y-%m-%d %H:%M:00', NEW."DateCreated", '+30 seconds')
+CREATE TRIGGER "User.DateCreated stored as a date after update"
+AFTER UPDATE OF "DateCreated" ON "User"
+WHEN NEW."DateCreated"
+       IS NOT strftime('%Y-%m-%d %H:%M:00', NEW."DateCreated", '+30 seconds')
   OR NEW."DateCreated" NOT BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00'
 BEGIN
   SELECT RAISE(ABORT, 'Conversion failed when converting date and/or time from character string.')
   WHERE strftime('%Y-%m-%d %H:%M:00', NEW."DateCreated", '+30 seconds') IS NULL;
-  SELECT RAISE(ABORT, 'The conversion of a varchar data type to a smalldatetime data type resulted in an out-of-range value.')
+  SELECT RAISE(ABORT,
+    'The conversion of a varchar data type to a smalldatetime data type resulted in an out-of-range value.')
   WHERE strftime('%Y-%m-%d %H:%M:00', NEW."DateCreated", '+30 seconds')
     NOT BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00';
-  UPDATE "User" SET "DateCreated" = strftime('%Y-%m-%d %H:%M:00', "DateCreated", '+30 seconds')
+  UPDATE "User"
+  SET "DateCreated" = strftime('%Y-%m-%d %H:%M:00', "DateCreated", '+30 seconds')
   WHERE rowid = NEW.rowid;
 END;
 
-CREATE TRIGGER "User.AuthorisationDate stored as a date after insert" AFTER INSERT ON "User"
-WHEN NEW."AuthorisationDate" IS NOT strftime('%Y-%m-%d %H:%M:00', NEW."AuthorisationDate", '+30 seconds')
+CREATE TRIGGER "User.AuthorisationDate stored as a date after insert"
+AFTER INSERT ON "User"
+WHEN NEW."AuthorisationDate"
+       IS NOT strftime('%Y-%m-%d %H:%M:00', NEW."AuthorisationDate", '+30 seconds')
   OR NEW."AuthorisationDate" NOT BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00'
 BEGIN
   SELECT RAISE(ABORT, 'Conversion failed when converting date and/or time from character string.')
   WHERE strftime('%Y-%m-%d %H:%M:00', NEW."AuthorisationDate", '+30 seconds') IS NULL;
-  SELECT RAISE(ABORT, 'The conversion of a varchar data type to a smalldatetime data type resulted in an out-of-range value.')
+  SELECT RAISE(ABORT,
+    'The conversion of a varchar data type to a smalldatetime data type resulted in an out-of-range value.')
   WHERE strftime('%Y-%m-%d %H:%M:00', NEW."AuthorisationDate", '+30 seconds')
     NOT BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00';
-  UPDATE "User" SET "AuthorisationDate" = strftime('%Y-%m-%d %H:%M:00', "AuthorisationDate", '+30 seconds')
+  UPDATE "User"
+  SET "AuthorisationDate" = strftime('%Y-%m-%d %H:%M:00', "AuthorisationDate", '+30 seconds')
   WHERE rowid = NEW.rowid;
 END;
 
-CREATE TRIGGER "User.AuthorisationDate stored as a date after update" AFTER UPDATE OF "AuthorisationDate" ON "User"
-WHEN NEW."AuthorisationDate" IS NOT strftime('%Y-%m-%d %H:%M:00', NEW."AuthorisationDate", '+30 seconds')
+CREATE TRIGGER "User.AuthorisationDate stored as a date after update"
+AFTER UPDATE OF "AuthorisationDate" ON "User"
+WHEN NEW."AuthorisationDate"
+       IS NOT strftime('%Y-%m-%d %H:%M:00', NEW."AuthorisationDate", '+30 seconds')
   OR NEW."AuthorisationDate" NOT BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00'
 BEGIN
   SELECT RAISE(ABORT, 'Conversion failed when converting date and/or time from character string.')
   WHERE strftime('%Y-%m-%d %H:%M:00', NEW."AuthorisationDate", '+30 seconds') IS NULL;
-  SELECT RAISE(ABORT, 'The conversion of a varchar data type to a smalldatetime data type resulted in an out-of-range value.')
+  SELECT RAISE(ABORT,
+    'The conversion of a varchar data type to a smalldatetime data type resulted in an out-of-range value.')
   WHERE strftime('%Y-%m-%d %H:%M:00', NEW."AuthorisationDate", '+30 seconds')
     NOT BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00';
-  UPDATE "User" SET "AuthorisationDate" = strftime('%Y-%m-%d %H:%M:00', "AuthorisationDate", '+30 seconds')
+  UPDATE "User"
+  SET "AuthorisationDate" = strftime('%Y-%m-%d %H:%M:00', "AuthorisationDate", '+30 seconds')
   WHERE rowid = NEW.rowid;
 END;
 
-CREATE TRIGGER "ZoneAddress.CreationDate stored as a date after insert" AFTER INSERT ON "ZoneAddress"
-WHEN NEW."CreationDate" IS NOT strftime('%Y-%m-%d %H:%M:00', NEW."CreationDate", '+30 seconds')
+CREATE TRIGGER "ZoneAddress.CreationDate stored as a date after insert"
+AFTER INSERT ON "ZoneAddress"
+WHEN NEW."CreationDate"
+       IS NOT strftime('%Y-%m-%d %H:%M:00', NEW."CreationDate", '+30 seconds')
   OR NEW."CreationDate" NOT BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00'
 BEGIN
   SELECT RAISE(ABORT, 'Conversion failed when converting date and/or time from character string.')
   WHERE strftime('%Y-%m-%d %H:%M:00', NEW."CreationDate", '+30 seconds') IS NULL;
-  SELECT RAISE(ABORT, 'The conversion of a varchar data type to a smalldatetime data type resulted in an out-of-range value.')
+  SELECT RAISE(ABORT,
+    'The conversion of a varchar data type to a smalldatetime data type resulted in an out-of-range value.')
   WHERE strftime('%Y-%m-%d %H:%M:00', NEW."CreationDate", '+30 seconds')
     NOT BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00';
-  UPDATE "ZoneAddress" SET "CreationDate" = strftime('%Y-%m-%d %H:%M:00', "CreationDate", '+30 seconds')
+  UPDATE "ZoneAddress"
+  SET "CreationDate" = strftime('%Y-%m-%d %H:%M:00', "CreationDate", '+30 seconds')
   WHERE rowid = NEW.rowid;
 END;
 
-CREATE TRIGGER "ZoneAddress.CreationDate stored as a date after update" AFTER UPDATE OF "CreationDate" ON "ZoneAddress"
-WHEN NEW."CreationDate" IS NOT strftime('%Y-%m-%d %H:%M:00', NEW."CreationDate", '+30 seconds')
+CREATE TRIGGER "ZoneAddress.CreationDate stored as a date after update"
+AFTER UPDATE OF "CreationDate" ON "ZoneAddress"
+WHEN NEW."CreationDate"
+       IS NOT strftime('%Y-%m-%d %H:%M:00', NEW."CreationDate", '+30 seconds')
   OR NEW."CreationDate" NOT BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00'
 BEGIN
   SELECT RAISE(ABORT, 'Conversion failed when converting date and/or time from character string.')
   WHERE strftime('%Y-%m-%d %H:%M:00', NEW."CreationDate", '+30 seconds') IS NULL;
-  SELECT RAISE(ABORT, 'The conversion of a varchar data type to a smalldatetime data type resulted in an out-of-range value.')
+  SELECT RAISE(ABORT,
+    'The conversion of a varchar data type to a smalldatetime data type resulted in an out-of-range value.')
   WHERE strftime('%Y-%m-%d %H:%M:00', NEW."CreationDate", '+30 seconds')
     NOT BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00';
-  UPDATE "ZoneAddress" SET "CreationDate" = strftime('%Y-%m-%d %H:%M:00', "CreationDate", '+30 seconds')
+  UPDATE "ZoneAddress"
+  SET "CreationDate" = strftime('%Y-%m-%d %H:%M:00', "CreationDate", '+30 seconds')
   WHERE rowid = NEW.rowid;
 END;
 

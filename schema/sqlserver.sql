@@ -2,8 +2,10 @@
 -- Varnock's record objects expect. Run it in the register's own database
 -- (created beforehand, with the server's default case-insensitive collation);
 -- the batches are separated by GO for sqlcmd and Management Studio.
--- The logs (ErrorLog, LogFile) have no key: two entries may be alike in every
--- column.
+-- Written by generate_schema from the table catalogue: change the catalogue
+-- and run it again rather than edit this file.
+-- The logs (ErrorLog, LogFile) have no key:
+-- two entries may be alike in every column.
 
 CREATE TABLE [dbo].[Country] (
   [Country] nvarchar(50) NOT NULL,
@@ -98,7 +100,8 @@ CREATE TABLE [dbo].[ZoneAddress] (
   [Address] int NOT NULL,
   [CreationDate] smalldatetime NOT NULL,
   CONSTRAINT [PK_ZoneAddress] PRIMARY KEY ([Zone], [UserName]),
-  CONSTRAINT [FK_ZoneAddress_Zone] FOREIGN KEY ([Zone]) REFERENCES [dbo].[Zone] ([Zone]),
+  CONSTRAINT [FK_ZoneAddress_Zone] FOREIGN KEY ([Zone])
+    REFERENCES [dbo].[Zone] ([Zone]),
   CONSTRAINT [FK_ZoneAddress_User] FOREIGN KEY ([UserName])
     REFERENCES [dbo].[User] ([UserName])
 );
@@ -108,7 +111,8 @@ CREATE TABLE [dbo].[ZonePool] (
   [Zone] nvarchar(50) NOT NULL,
   [Address] int NOT NULL,
   CONSTRAINT [PK_ZonePool] PRIMARY KEY ([Zone], [Address]),
-  CONSTRAINT [FK_ZonePool_Zone] FOREIGN KEY ([Zone]) REFERENCES [dbo].[Zone] ([Zone])
+  CONSTRAINT [FK_ZonePool_Zone] FOREIGN KEY ([Zone])
+    REFERENCES [dbo].[Zone] ([Zone])
 );
 GO
 

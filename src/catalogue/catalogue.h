@@ -27,6 +27,9 @@ struct Column {
   std::string_view property;  // name of the column property ("Username")
   std::string_view field;     // name in SQL, result rows, messages and dictionaries ("UserName")
   SqlType type;
+  // The length the register declares for an nvarchar column (values are not
+  // checked against it); 0 for the other types.
+  std::uint16_t length;
   bool nullRefused;
 };
 

@@ -32,22 +32,22 @@ constexpr Relation derived(std::string_view far, std::string_view link, std::str
       RelationKind::DerivedChildren, far, link, own, farField, listTakesArguments, joinsOwnTable};
 }
 
-constexpr Column kCountry[] = {{"Country", "Country", nvarchar, refused}};
+constexpr Column kCountry[] = {{"Country", "Country", nvarchar, 50, refused}};
 constexpr std::uint8_t kCountryKey[] = {0};
 
 constexpr Column kErrorLog[] = {
-    {"DateCreated", "DateCreated", smalldatetime, refused},
-    {"UserId", "UserId", nvarchar, refused},
-    {"ErrorNumber", "ErrorNumber", int_, refused},
-    {"ErrorDescription", "ErrorDescription", nvarchar, refused},
-    {"Message", "Message", nvarchar, allowed},
+    {"DateCreated", "DateCreated", smalldatetime, 0, refused},
+    {"UserId", "UserId", nvarchar, 50, refused},
+    {"ErrorNumber", "ErrorNumber", int_, 0, refused},
+    {"ErrorDescription", "ErrorDescription", nvarchar, 255, refused},
+    {"Message", "Message", nvarchar, 255, allowed},
 };
 constexpr std::uint8_t kErrorLogKey[] = {0, 1, 2, 3, 4};
 
 constexpr Column kGroupCode[] = {
-    {"GroupCode", "GroupCode", nvarchar, refused},
-    {"Group", "Group", nvarchar, refused},
-    {"Comment", "Comment", ntext, allowed},
+    {"GroupCode", "GroupCode", nvarchar, 50, refused},
+    {"Group", "Group", nvarchar, 50, refused},
+    {"Comment", "Comment", ntext, 0, allowed},
 };
 constexpr std::uint8_t kGroupCodeKey[] = {0};
 constexpr Relation kGroupCodeRelations[] = {
@@ -56,8 +56,8 @@ constexpr Relation kGroupCodeRelations[] = {
 };
 
 constexpr Column kGroupMember[] = {
-    {"GroupCode", "GroupCode", nvarchar, refused},
-    {"Username", "UserName", nvarchar, refused},
+    {"GroupCode", "GroupCode", nvarchar, 50, refused},
+    {"Username", "UserName", nvarchar, 50, refused},
 };
 constexpr std::uint8_t kGroupMemberKey[] = {0, 1};
 constexpr Relation kGroupMemberRelations[] = {
@@ -66,41 +66,41 @@ constexpr Relation kGroupMemberRelations[] = {
 };
 
 constexpr Column kLogFile[] = {
-    {"ProgramName", "ProgramName", nvarchar, refused},
-    {"LogDate", "LogDate", smalldatetime, refused},
-    {"Username", "Username", nvarchar, allowed},
-    {"Message", "Message", nvarchar, refused},
+    {"ProgramName", "ProgramName", nvarchar, 50, refused},
+    {"LogDate", "LogDate", smalldatetime, 0, refused},
+    {"Username", "Username", nvarchar, 50, allowed},
+    {"Message", "Message", nvarchar, 255, refused},
 };
 constexpr std::uint8_t kLogFileKey[] = {0, 1, 2, 3};
 
 constexpr Column kParm[] = {
-    {"Section", "Section", nvarchar, refused}, {"KeyName", "KeyName", nvarchar, refused},
-    {"Value", "Value", nvarchar, allowed},     {"Comment", "Comment", ntext, allowed},
-    {"Locked", "Locked", bit, refused},
+    {"Section", "Section", nvarchar, 50, refused}, {"KeyName", "KeyName", nvarchar, 50, refused},
+    {"Value", "Value", nvarchar, 255, allowed},    {"Comment", "Comment", ntext, 0, allowed},
+    {"Locked", "Locked", bit, 0, refused},
 };
 constexpr std::uint8_t kParmKey[] = {0, 1};
 
-constexpr Column kState[] = {{"State", "State", nvarchar, refused}};
+constexpr Column kState[] = {{"State", "State", nvarchar, 50, refused}};
 constexpr std::uint8_t kStateKey[] = {0};
 
 constexpr Column kUser[] = {
-    {"Username", "UserName", nvarchar, refused},
-    {"SiteType", "SiteType", nvarchar, allowed},
-    {"Firstname", "Firstname", nvarchar, allowed},
-    {"Lastname", "Lastname", nvarchar, refused},
-    {"Country", "Country", nvarchar, refused},
-    {"State", "State", nvarchar, allowed},
-    {"Password", "Password", nvarchar, refused},
-    {"Email", "Email", nvarchar, refused},
-    {"Pagetopic", "Pagetopic", nvarchar, allowed},
-    {"Bio", "Bio", nvarchar, allowed},
-    {"Graphic", "Graphic", nvarchar, allowed},
-    {"Link", "Link", nvarchar, allowed},
-    {"DateCreated", "DateCreated", smalldatetime, allowed},
-    {"Authorized", "Authorized", bit, refused},
-    {"AuthorisationDate", "AuthorisationDate", smalldatetime, allowed},
-    {"AuthorisationMessage", "AuthorisationMessage", ntext, allowed},
-    {"REMOTE_ADDR", "REMOTE_ADDR", nvarchar, allowed},
+    {"Username", "UserName", nvarchar, 50, refused},
+    {"SiteType", "SiteType", nvarchar, 50, allowed},
+    {"Firstname", "Firstname", nvarchar, 50, allowed},
+    {"Lastname", "Lastname", nvarchar, 50, refused},
+    {"Country", "Country", nvarchar, 50, refused},
+    {"State", "State", nvarchar, 50, allowed},
+    {"Password", "Password", nvarchar, 50, refused},
+    {"Email", "Email", nvarchar, 255, refused},
+    {"Pagetopic", "Pagetopic", nvarchar, 255, allowed},
+    {"Bio", "Bio", nvarchar, 255, allowed},
+    {"Graphic", "Graphic", nvarchar, 255, allowed},
+    {"Link", "Link", nvarchar, 255, allowed},
+    {"DateCreated", "DateCreated", smalldatetime, 0, allowed},
+    {"Authorized", "Authorized", bit, 0, refused},
+    {"AuthorisationDate", "AuthorisationDate", smalldatetime, 0, allowed},
+    {"AuthorisationMessage", "AuthorisationMessage", ntext, 0, allowed},
+    {"REMOTE_ADDR", "REMOTE_ADDR", nvarchar, 50, allowed},
 };
 constexpr std::uint8_t kUserKey[] = {0};
 constexpr Relation kUserRelations[] = {
@@ -111,8 +111,8 @@ constexpr Relation kUserRelations[] = {
 };
 
 constexpr Column kZone[] = {
-    {"Zone", "Zone", nvarchar, refused},
-    {"Test", "Test", bit, refused},
+    {"Zone", "Zone", nvarchar, 50, refused},
+    {"Test", "Test", bit, 0, refused},
 };
 constexpr std::uint8_t kZoneKey[] = {0};
 constexpr Relation kZoneRelations[] = {
@@ -122,10 +122,10 @@ constexpr Relation kZoneRelations[] = {
 };
 
 constexpr Column kZoneAddress[] = {
-    {"Zone", "Zone", nvarchar, refused},
-    {"Username", "UserName", nvarchar, refused},
-    {"Address", "Address", int_, refused},
-    {"CreationDate", "CreationDate", smalldatetime, refused},
+    {"Zone", "Zone", nvarchar, 50, refused},
+    {"Username", "UserName", nvarchar, 50, refused},
+    {"Address", "Address", int_, 0, refused},
+    {"CreationDate", "CreationDate", smalldatetime, 0, refused},
 };
 constexpr std::uint8_t kZoneAddressKey[] = {0, 1};
 constexpr Relation kZoneAddressRelations[] = {
@@ -134,8 +134,8 @@ constexpr Relation kZoneAddressRelations[] = {
 };
 
 constexpr Column kZonePool[] = {
-    {"Zone", "Zone", nvarchar, refused},
-    {"Address", "Address", int_, refused},
+    {"Zone", "Zone", nvarchar, 50, refused},
+    {"Address", "Address", int_, 0, refused},
 };
 constexpr std::uint8_t kZonePoolKey[] = {0, 1};
 constexpr Relation kZonePoolRelations[] = {parent("Zone", "Zone")};

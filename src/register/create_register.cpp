@@ -2,7 +2,7 @@
 // the database's kind fills it.
 #include "client/client.h"
 #include "client/connection_string.h"
-#include "register/schema_text.h"
+#include "register/ddl.h"
 #include "varnock/automation_error.h"
 #include "varnock/register.h"
 
@@ -13,7 +13,7 @@ namespace {
 constexpr const char* kRegisterSource = "Varnock.Register";
 
 std::string registerScript(std::string_view databaseKind) {
-  if (databaseKind == "SQLite") return std::string(schema::registerSchemaSql());
+  if (databaseKind == "SQLite") return schema::registerDdl(schema::Dialect::Sqlite);
   throw AutomationError(
       client::kCannotOpen,
       "A register cannot be created on a database of kind " + std::string(databaseKind) + ".",

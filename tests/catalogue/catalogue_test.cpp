@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 
 #include "catalogue/catalogue.h"
@@ -85,6 +86,34 @@ TEST(Members, InterfaceOrderPutsPropertiesThenMethodsThenRelations) {
   const std::vector<std::string> zoneAddress = memberNames(table("ZoneAddress"));
   EXPECT_EQ(std::vector<std::string>(zoneAddress.end() - 2, zoneAddress.end()),
             (std::vector<std::string>{"GetParentInUser", "GetParentInZone"}));
+}
+
+// The register declares nvarchar columns with a length and no other type with one.
+TEST(Catalogue, OnlyNvarcharColumnsDeclareALength) {
+  for (const Table& t : tables()) {
+    for (const Column& c : t.columns) {
+      if (c.type == SqlType::Nvarchar)
+        EXPECT_GT(c.length, 0) << t.name << "." << c.field;
+      else
+        EXPECT_EQ(c.length, 0) << t.name << "." << c.field;
+    }
+  }
+}
+
+// A parent is referenced by its key, so the join field must be exactly that key
+// and a column of the child.
+TEST(Catalogue, AParentIsJoinedOnItsWholeKey) {
+  for (const Table& t : tables()) {
+    for (const Relation& r : t.relations) {
+      if (r.kind != RelationKind::Parent) continue;
+      const Table& parent = table(r.other);
+      ASSERT_EQ(parent.keyColumns.size(), 1u) << parent.name;
+      EXPECT_EQ(parent.columns[parent.keyColumns[0]].field, r.joinField) << t.name;
+      EXPECT_TRUE(
+          std::ranges::any_of(t.columns, [&](const Column& c) { return c.field == r.joinField; }))
+          << t.name << "." << r.joinField;
+    }
+  }
 }
 
 }  // namespace

@@ -1,0 +1,311 @@
+#include "register/ddl.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "catalogue/catalogue.h"
+
+namespace varnock::schema {
+
+namespace {
+
+using catalogue::Column;
+using catalogue::RelationKind;
+using catalogue::SqlType;
+using catalogue::Table;
+
+// What the catalogue implies beyond its columns, for both databases.
+
+struct ForeignKey {
+  const Column* column;
+  const Table* parent;  // referenced on its column of the same name, its key
+};
+
+// The key columns in key order. The logs have none: their key is the whole
+// row, and two entries may be alike in every column.
+std::vector<const Column*> primaryKey(const Table& t) {
+  std::vector<const Column*> key;
+  if (t.wholeRowKey) return key;
+  for (const std::uint8_t position : t.keyColumns)
+    key.push_back(&t.columns[position]);
+  return key;
+}
+
+// One per parent relation, in column order.
+std::vector<ForeignKey> foreignKeys(const Table& t) {
+  std::vector<ForeignKey> keys;
+  for (const Column& c : t.columns) {
+    for (const catalogue::Relation& r : t.relations) {
+      if (r.kind == RelationKind::Parent && r.joinField == c.field)
+        keys.push_back({&c, &catalogue::table(r.other)});
+    }
+  }
+  return keys;
+}
+
+const Table* parentThrough(const Table& t, const Column& c) {
+  for (const ForeignKey& fk : foreignKeys(t)) {
+    if (fk.column == &c) return fk.parent;
+  }
+  return nullptr;
+}
+
+// Foreign-key columns that need an index of their own: the primary key's
+// index already serves the column that leads it.
+std::vector<const Column*> indexedColumns(const Table& t) {
+  const std::vector<const Column*> key = primaryKey(t);
+  std::vector<const Column*> indexed;
+  for (const ForeignKey& fk : foreignKeys(t)) {
+    if (key.empty() || key.front() != fk.column) indexed.push_back(fk.column);
+  }
+  return indexed;
+}
+
+// Catalogue order, except that a table comes after every table it refers to:
+// tables sorted by how many generations of parents they have, stably.
+std::vector<const Table*> creationOrder() {
+  std::map<std::string_view, int> generation;
+  const auto generationOf = [&](const auto& self, const Table& t) -> int {
+    if (const auto known = generation.find(t.name); known != generation.end()) return known->second;
+    int g = 0;
+    for (const ForeignKey& fk : foreignKeys(t))
+      g = std::max(g, self(self, *fk.parent) + 1);
+    generation[t.name] = g;
+    return g;
+  };
+  std::vector<const Table*> order;
+  for (const Table& t : catalogue::tables()) {
+    generationOf(generationOf, t);
+    order.push_back(&t);
+  }
+  std::stable_sort(order.begin(), order.end(), [&](const Table* a, const Table* b) {
+    return generation.at(a->name) < generation.at(b->name);
+  });
+  return order;
+}
+
+std::string declaredType(const Column& c) {
+  std::string type(catalogue::sqlTypeName(c.type));
+  if (c.length > 0) type += "(" + std::to_string(c.length) + ")";
+  return type;
+}
+
+bool isText(const Column& c) {
+  return c.type == SqlType::Nvarchar || c.type == SqlType::Ntext;
+}
+
+// Names quoted as each database quotes them, joined by ", ".
+template <typename Quote>
+std::string nameList(const std::vector<const Column*>& columns, Quote quote) {
+  std::string list;
+  for (const Column* c : columns)
+    list += (list.empty() ? "" : ", ") + quote(c->field);
+  return list;
+}
+
+// The body of a CREATE TABLE: one definition a line, separated by commas.
+std::string definitions(const std::vector<std::string>& lines) {
+  std::string body;
+  for (const std::string& line : lines)
+    body += (body.empty() ? "" : ",\n") + line;
+  return body + "\n";
+}
+
+std::string doubleQuoted(std::string_view name) {
+  return "\"" + std::string(name) + "\"";
+}
+std::string bracketed(std::string_view name) {
+  return "[" + std::string(name) + "]";
+}
+
+// SQLite: one transaction, run by createRegister on a new file.
+
+constexpr std::string_view kSqliteHeader =
+    R"(-- Tolvane_Register as an SQLite database: the register that Varnock's record
+-- objects read and write through the SQLite provider. It stays an ordinary
+-- SQLite database, usable from the sqlite3 shell with plain SQL:
+--   * column names and their letter case are those of the SQL Server register;
+--   * declared types keep SQL Server's names (nvarchar, ntext, int, bit,
+--     smalldatetime), so readers can tell bits and dates from numbers and text;
+--   * text compares without regard to case (COLLATE NOCASE), as under SQL
+--     Server's default collation;
+--   * dates are stored as 'YYYY-MM-DD HH:MM:00', whole minutes as smalldatetime
+--     keeps them; the triggers below bring any date SQLite's date functions
+--     read to that form, so rows written from the shell match the others;
+--   * bits are 1 and 0;
+--   * foreign keys hold only on connections that turn them on
+--     (PRAGMA foreign_keys = ON), as the provider does on every connection.
+-- Written by generate_schema from the table catalogue: change the catalogue
+-- and run it again rather than edit this file.
+
+-- Readers do not wait for writers, and several processes share the register.
+PRAGMA journal_mode = WAL;
+
+BEGIN;
+)";
+
+constexpr std::string_view kLogComment =
+    "-- A log has no key: two entries may be alike in every column.\n";
+
+constexpr std::string_view kDateTriggersComment =
+    R"(-- Dates to the stored form, for every row however it was written. A value
+-- already in that form passes untouched; any other that SQLite's date
+-- functions read ('2000-05-04', '2000-05-04T13:45:29') is rewritten, its
+-- seconds rounded to the minute as smalldatetime rounds them (30 seconds and
+-- over round up); one they cannot read is refused, and so is a date outside
+-- smalldatetime's range, with SQL Server's messages.
+)";
+
+// SQL Server's own words for the dates it refuses.
+constexpr std::string_view kUnreadableDate =
+    "Conversion failed when converting date and/or time from character string.";
+constexpr std::string_view kDateOutOfRange =
+    "The conversion of a varchar data type to a smalldatetime data type resulted in an "
+    "out-of-range value.";
+constexpr std::string_view kSmalldatetimeRange =
+    "BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00'";
+
+// The stored form of a date: whole minutes, 30 seconds and over rounded up;
+// NULL when SQLite's date functions cannot read the value.
+std::string storedForm(std::string_view value) {
+  return "strftime('%Y-%m-%d %H:%M:00', " + std::string(value) + ", '+30 seconds')";
+}
+
+std::string sqliteColumn(const Table& t, const Column& c) {
+  std::string line = "  " + doubleQuoted(c.field) + " " + declaredType(c);
+  if (isText(c)) line += " COLLATE NOCASE";
+  if (c.nullRefused) line += " NOT NULL";
+  if (const Table* parent = parentThrough(t, c))
+    line += " REFERENCES " + doubleQuoted(parent->name) + " (" + doubleQuoted(c.field) + ")";
+  return line;
+}
+
+std::string sqliteTable(const Table& t) {
+  std::string text = t.wholeRowKey ? std::string(kLogComment) : std::string();
+  std::vector<std::string> lines;
+  for (const Column& c : t.columns)
+    lines.push_back(sqliteColumn(t, c));
+  if (const std::vector<const Column*> key = primaryKey(t); !key.empty())
+    lines.push_back("  PRIMARY KEY (" + nameList(key, doubleQuoted) + ")");
+  text += "CREATE TABLE " + doubleQuoted(t.name) + " (\n" + definitions(lines) + ");\n";
+  for (const Column* c : indexedColumns(t)) {
+    const std::string index = std::string(t.name) + " by " + std::string(c->field);
+    text += "CREATE INDEX " + doubleQuoted(index) + " ON " + doubleQuoted(t.name) + " (" +
+            doubleQuoted(c->field) + ");\n";
+  }
+  return text;
+}
+
+// `event` is "insert" or "update".
+std::string sqliteDateTrigger(const Table& t, const Column& c, std::string_view event) {
+  const std::string table = doubleQuoted(t.name);
+  const std::string column = doubleQuoted(c.field);
+  const std::string fresh = "NEW." + column;
+  const std::string name = std::string(t.name) + "." + std::string(c.field) +
+                           " stored as a date after " + std::string(event);
+  std::string text = "CREATE TRIGGER " + doubleQuoted(name) + "\n";
+  text += event == "insert" ? "AFTER INSERT ON " + table + "\n"
+                            : "AFTER UPDATE OF " + column + " ON " + table + "\n";
+  text += "WHEN " + fresh + "\n       IS NOT " + storedForm(fresh) + "\n";
+  text += "  OR " + fresh + " NOT " + std::string(kSmalldatetimeRange) + "\n";
+  text += "BEGIN\n";
+  text += "  SELECT RAISE(ABORT, '" + std::string(kUnreadableDate) + "')\n";
+  text += "  WHERE " + storedForm(fresh) + " IS NULL;\n";
+  text += "  SELECT RAISE(ABORT,\n    '" + std::string(kDateOutOfRange) + "')\n";
+  text += "  WHERE " + storedForm(fresh) + "\n";
+  text += "    NOT " + std::string(kSmalldatetimeRange) + ";\n";
+  text += "  UPDATE " + table + "\n";
+  text += "  SET " + column + " = " + storedForm(column) + "\n";
+  text += "  WHERE rowid = NEW.rowid;\n";
+  text += "END;\n";
+  return text;
+}
+
+std::string sqliteDdl() {
+  const std::vector<const Table*> order = creationOrder();
+  std::string text(kSqliteHeader);
+  for (const Table* t : order)
+    text += "\n" + sqliteTable(*t);
+  text += "\n";
+  text += kDateTriggersComment;
+  for (const Table* t : order) {
+    for (const Column& c : t->columns) {
+      if (c.type != SqlType::Smalldatetime) continue;
+      text += "\n" + sqliteDateTrigger(*t, c, "insert");
+      text += "\n" + sqliteDateTrigger(*t, c, "update");
+    }
+  }
+  text += "\nCOMMIT;\n";
+  return text;
+}
+
+// SQL Server: batches for sqlcmd, constraints named so that errors name them.
+
+constexpr std::string_view kSqlServerHeader =
+    R"(-- Tolvane_Register on SQL Server: the tables, keys and relations that
+-- Varnock's record objects expect. Run it in the register's own database
+-- (created beforehand, with the server's default case-insensitive collation);
+-- the batches are separated by GO for sqlcmd and Management Studio.
+-- Written by generate_schema from the table catalogue: change the catalogue
+-- and run it again rather than edit this file.
+)";
+
+std::string owned(std::string_view name) {
+  return "[dbo]." + bracketed(name);
+}
+
+std::string sqlServerTable(const Table& t) {
+  std::vector<std::string> lines;
+  for (const Column& c : t.columns) {
+    lines.push_back("  " + bracketed(c.field) + " " + declaredType(c) +
+                    (c.nullRefused ? " NOT NULL" : " NULL"));
+  }
+  const std::string name(t.name);
+  if (const std::vector<const Column*> key = primaryKey(t); !key.empty()) {
+    lines.push_back("  CONSTRAINT " + bracketed("PK_" + name) + " PRIMARY KEY (" +
+                    nameList(key, bracketed) + ")");
+  }
+  for (const ForeignKey& fk : foreignKeys(t)) {
+    const std::string parent(fk.parent->name);
+    lines.push_back("  CONSTRAINT " + bracketed("FK_" + name + "_" + parent) + " FOREIGN KEY (" +
+                    bracketed(fk.column->field) + ")\n    REFERENCES " + owned(parent) + " (" +
+                    bracketed(fk.column->field) + ")");
+  }
+  return "CREATE TABLE " + owned(t.name) + " (\n" + definitions(lines) + ");\nGO\n";
+}
+
+std::string sqlServerDdl() {
+  const std::vector<const Table*> order = creationOrder();
+  std::string text(kSqlServerHeader);
+  std::string logs;
+  for (const Table* t : order) {
+    if (t->wholeRowKey) logs += (logs.empty() ? "" : ", ") + std::string(t->name);
+  }
+  if (!logs.empty())
+    text +=
+        "-- The logs (" + logs + ") have no key:\n-- two entries may be alike in every column.\n";
+  for (const Table* t : order)
+    text += "\n" + sqlServerTable(*t);
+  std::string indexes;
+  for (const Table* t : order) {
+    for (const Column* c : indexedColumns(*t)) {
+      const std::string index = "IX_" + std::string(t->name) + "_" + std::string(c->field);
+      indexes += "CREATE INDEX " + bracketed(index) + " ON " + owned(t->name) + " (" +
+                 bracketed(c->field) + ");\n";
+    }
+  }
+  if (!indexes.empty()) text += "\n" + indexes + "GO\n";
+  return text;
+}
+
+}  // namespace
+
+std::string registerDdl(Dialect dialect) {
+  return dialect == Dialect::Sqlite ? sqliteDdl() : sqlServerDdl();
+}
+
+}  // namespace varnock::schema
