@@ -238,9 +238,11 @@ std::string classesSource() {
       << "// operation. Generated from the table catalogue by tools/generate_classes.cpp.\n"
       << "#include \"record/record_internal.h\"\n"
       << "#include \"relations/operations.h\"\n"
-      << "#include \"sql/operations.h\"\n"
-      << "#include \"varnock/varnock.h\"\n\n"
-      << "namespace varnock {\n";
+      << "#include \"sql/operations.h\"\n";
+  for (const Table& t : varnock::catalogue::tables()) {
+    out << "#include \"varnock/" << fileStem(t.name) << ".h\"\n";
+  }
+  out << "\nnamespace varnock {\n";
   for (const Table& t : varnock::catalogue::tables()) {
     out << "\n// " << t.name << "\n\n";
     for (const Signature& s : propertiesOf(t))

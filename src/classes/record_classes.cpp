@@ -3,7 +3,17 @@
 #include "record/record_internal.h"
 #include "relations/operations.h"
 #include "sql/operations.h"
-#include "varnock/varnock.h"
+#include "varnock/country.h"
+#include "varnock/error_log.h"
+#include "varnock/group_code.h"
+#include "varnock/group_member.h"
+#include "varnock/log_file.h"
+#include "varnock/parm.h"
+#include "varnock/state.h"
+#include "varnock/user.h"
+#include "varnock/zone.h"
+#include "varnock/zone_address.h"
+#include "varnock/zone_pool.h"
 
 namespace varnock {
 
