@@ -44,6 +44,15 @@ TEST(ConnectionString, KeepsBlanksInsideValuesAndTrimsThemAround) {
   EXPECT_EQ(cs.pairs().size(), 2u);
 }
 
+TEST(ConnectionString, WritesAnyValueSoThatItReadsBackTheSame) {
+  for (const std::string value :
+       {"plain.db", "", "tab\t", "\tlead", " both ", "a;b", "\"q\"", "'s'", "x\"", "=;='"}) {
+    const std::string text = "Provider=SQLite;Data Source=" + ConnectionString::valueText(value);
+    EXPECT_EQ(ConnectionString(text).get("Data Source"), value) << text;
+  }
+  EXPECT_EQ(ConnectionString::valueText("/srv/register.db"), "/srv/register.db");
+}
+
 TEST(ConnectionString, EmptyTextHasNoKeys) {
   EXPECT_TRUE(ConnectionString("").pairs().empty());
   EXPECT_TRUE(ConnectionString(" ; ;").pairs().empty());

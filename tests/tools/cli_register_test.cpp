@@ -39,6 +39,18 @@ TEST_F(Init, NeverOverwritesAFileAndTakesExactlyOnePathInAFolderThatIsThere) {
   EXPECT_FALSE(std::filesystem::exists(folder() / "no"));
 }
 
+TEST_F(Init, APathThatAConnectionStringWouldChangeOpensWhatWasMade) {
+  for (const std::string path : {"tab\t", " blank.db ", "semi;colon.db", "'quoted'.db"}) {
+    SCOPED_TRACE(path);
+    const ProgramRun made = varnock({"init", path});
+    ASSERT_EQ(made.status, 0) << made.err;
+    EXPECT_TRUE(std::filesystem::exists(folder() / path));
+    const ProgramRun count = varnock({"call", "User", "CountEveryUser", "--dsn", path});
+    EXPECT_EQ(count.status, 0) << count.err;
+    EXPECT_EQ(count.out, "0\n");
+  }
+}
+
 using ChoosingTheRegister = VarnockCli;
 
 TEST_F(ChoosingTheRegister, DefaultsToRegisterDbInTheWorkingFolder) {
