@@ -218,8 +218,11 @@ std::optional<Date> parseDate(std::string_view text) {
     }
     if (date.iso && m.mark('T') && m.atEnd()) return std::nullopt;  // 'T' needs a time
   }
+  // Whatever follows the date must be a whole, valid time: a time that does
+  // not read refuses the text rather than leaving the date at midnight.
   int seconds = 0;
-  const bool hasTime = !m.atEnd() && matchTime(m, seconds);
+  const bool hasTime = !m.atEnd();
+  if (hasTime && !matchTime(m, seconds)) return std::nullopt;
   if (!m.atEnd() || (!hasDate && !hasTime)) return std::nullopt;
 
   const std::int64_t day = hasDate ? calendar::dayNumber(date.year, date.month, date.day) : 0;
