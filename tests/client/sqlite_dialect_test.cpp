@@ -105,7 +105,10 @@ TEST(TopClause, KeepsTheEmptyNavigationColumnForTheServerToRefuse) {
 
 TEST(UnicodeLiteral, LosesItsPrefixAndNothingElse) {
   EXPECT_EQ(dialectOf("SELECT * FROM [User] WHERE UserName = N'Ann' OR UserName = n'N''x'"),
-            "SELECT * FROM [User] WHERE UserName = 'Ann' OR UserName = 'N''x'");
+            "SELECT * FROM [User] WHERE UserName =  'Ann' OR UserName =  'N''x'");
+  // Two literals side by side stay two literals, which the server refuses.
+  EXPECT_EQ(dialectOf("UPDATE [User] SET [Bio] = N'x' WHERE [UserName] = N'O'N'Brien'"),
+            "UPDATE [User] SET [Bio] =  'x' WHERE [UserName] =  'O' 'Brien'");
 }
 
 TEST(DateLiterals, AreStoredDatesInInsertsWithOrWithoutColumnList) {

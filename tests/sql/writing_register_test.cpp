@@ -181,6 +181,21 @@ TEST_F(RegisterWriting, AnApostropheInAKeyBreaksUpdateAndDeleteButNotInsert) {
   EXPECT_EQ(country.CountEveryCountry(), 2);
 }
 
+TEST_F(RegisterWriting, AKeyThatReadsAsTwoLiteralsNeverReachesAnotherRow) {
+  User obrien;
+  fillUser(obrien, "O'Brien");
+  ASSERT_TRUE(obrien.AddUser()) << obrien.GetLastErrorMessage();
+  User intruder;
+  fillUser(intruder, "O'N'Brien");
+  intruder.put_Password("taken over");
+  ASSERT_FALSE(intruder.UpdateUser());
+  EXPECT_EQ(events_.last().source, "UpdateUser");
+  User back;
+  connect(back);
+  ASSERT_TRUE(back.GetUser("UserName = 'O''Brien'"));
+  EXPECT_EQ(back.get_Password(), Variant("secret"));
+}
+
 TEST_F(RegisterWriting, DeleteByKeyChecksFirstAndReloadsTheObject) {
   GroupCode group;
   connect(group);

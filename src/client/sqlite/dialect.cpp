@@ -12,7 +12,9 @@ std::string toSqliteDialect(std::string_view statement, const RegisterSchema& sc
   std::vector<Token> tokens = tokenize(statement);
   for (Token& t : tokens) {
     // SQL Server's Unicode literal; SQLite's literals are Unicode already.
-    if (t.kind == Token::Kind::String && t.text.front() != '\'') t.text.erase(0, 1);
+    // The N becomes a blank, not nothing: 'O'N'Brien' is two literals, and
+    // must not become the one literal 'O''Brien'.
+    if (t.kind == Token::Kind::String && t.text.front() != '\'') t.text.front() = ' ';
   }
   rewriteDateLiterals(tokens, schema);
   moveTopToLimit(tokens);
