@@ -145,9 +145,9 @@ TEST(DateTest, RefusesWhatIsNotARealDateOrTime) {
     EXPECT_FALSE(parseDate(text).has_value()) << text;
   // A valid date followed by a time that is not one: the whole text is refused,
   // never read as the date at midnight.
-  for (const char* text : {"2000-05-04 25:00", "5/4/2000 12:60", "May 4, 2000 99:99:99",
-                           "2000-05-04 12:30:61", "4 May 2000 24:61", "5/4/2000 1:", "5/4/2000 7",
-                           "2000-05-04T24:00", "5/4/2000 13:00 AM"})
+  for (const char* text :
+       {"2000-05-04 25:00", "5/4/2000 12:60", "May 4, 2000 99:99:99", "2000-05-04 12:30:61",
+        "4 May 2000 24:61", "5/4/2000 1:", "5/4/2000 7", "2000-05-04T24:00", "5/4/2000 13:00 AM"})
     EXPECT_FALSE(parseDate(text).has_value()) << text;
   EXPECT_FALSE(isDate(Variant(5)));
   EXPECT_FALSE(isDate(Variant()));
