@@ -2,11 +2,16 @@
 // failed data method writes one error entry (type, category, identifier,
 // source and message). The back end is chosen by VARNOCK_EVENT_LOG when the
 // first entry is written, or at any time by setEventLog:
-//   "syslog"     the default: ident = the event source (syslog(3))
+//   "syslog"     the local syslog daemon (/dev/log), ident = the event source
 //   "journal"    the systemd journal, one field per entry field
-//   "file:PATH"  JSON Lines appended to PATH, one object per entry
+//   "file:PATH"  JSON Lines appended to PATH (created owner-only), one object
+//                per entry
 //   "stderr"     JSON Lines on standard error
-// Thread-safe; the choice applies to the whole process.
+// Without a setting, entries go to syslog when a daemon listens on /dev/log,
+// and to standard error when none does. Every entry is delivered or its
+// write fails and raises (no daemon, no journal, a full disk, a FIFO without
+// a reader); no write waits for long. Thread-safe; the choice applies to the
+// whole process.
 #pragma once
 
 #include <string>

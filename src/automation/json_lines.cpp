@@ -97,7 +97,10 @@ int writeWhole(int fd, const std::string& line) {
 }
 
 int appendToFile(const std::string& path, const std::string& line) {
-  const int fd = ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0644);
+  // Owner-only: the entries quote statements, passwords included. Never
+  // blocking: a FIFO without a reader fails to open (ENXIO) and a full one
+  // fails to write (EAGAIN), rather than holding the caller forever.
+  const int fd = ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0600);
   if (fd < 0) return errno;
   const int code = writeWhole(fd, line);
   ::close(fd);

@@ -18,8 +18,9 @@ std::string utcTimestamp();
 // Writes the whole line with one write(2); 0, or the errno of the failure.
 int writeWhole(int fd, const std::string& line);
 
-// Opens `path` for appending (creating it), writes the line, closes it;
-// 0, or the errno of what failed.
+// Opens `path` for appending (creating it readable by its owner only),
+// writes the line, closes it; 0, or the errno of what failed. Never blocks:
+// a FIFO without a reader, or one that is full, is a failure.
 int appendToFile(const std::string& path, const std::string& line);
 
 }  // namespace varnock::jsonLines

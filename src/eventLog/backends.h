@@ -9,11 +9,17 @@
 
 namespace varnock::eventLog {
 
-std::shared_ptr<Backend> makeSyslogBackend();
+// The local syslog daemon's socket.
+inline constexpr const char* kSyslogSocket = "/dev/log";
+std::shared_ptr<Backend> makeSyslogBackend(std::string socketPath = kSyslogSocket);
+// Whether a syslog daemon's socket is there to write to.
+bool syslogListens(const std::string& socketPath = kSyslogSocket);
 std::shared_ptr<Backend> makeFileBackend(std::string path);
 std::shared_ptr<Backend> makeStderrBackend();
+// The journal's socket; an entry sent while it is missing is a failed write.
+inline constexpr const char* kJournalSocket = "/run/systemd/journal/socket";
 // nullptr in a build without the systemd journal.
-std::shared_ptr<Backend> makeJournalBackend();
+std::shared_ptr<Backend> makeJournalBackend(std::string socketPath = kJournalSocket);
 
 // One entry as a JSON object on one line, ending in "\n":
 // {"time":"2026-11-22T19:46:00Z","type":1,"category":0,"id":94,"source":"...","message":"..."}

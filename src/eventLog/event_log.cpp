@@ -63,7 +63,13 @@ std::shared_ptr<Backend> currentBackend() {
     const char* setting = std::getenv(kEnvironmentVariable);
     // A wrong setting is reported on every write rather than silently
     // replaced, so that no entry goes somewhere the user did not ask for.
-    backend = makeBackend(setting != nullptr && *setting != '\0' ? setting : "syslog");
+    if (setting != nullptr && *setting != '\0') {
+      backend = makeBackend(setting);
+    } else {
+      // Entries go to syslog where a daemon listens, and are never lost
+      // where none does (a container): they go to standard error instead.
+      backend = syslogListens() ? makeSyslogBackend() : makeStderrBackend();
+    }
   }
   return backend;
 }

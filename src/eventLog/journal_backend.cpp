@@ -4,7 +4,9 @@
 #ifdef VARNOCK_HAVE_JOURNAL
 #include <syslog.h>
 #include <systemd/sd-journal.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <string>
 #endif
 
@@ -15,7 +17,11 @@ namespace {
 
 class JournalBackend final : public Backend {
  public:
+  explicit JournalBackend(std::string socketPath) : socketPath_(std::move(socketPath)) {}
   int write(const Entry& entry) override {
+    // sd_journal_send reports success when no journal listens; such an
+    // entry would be lost, so it is a failed write here.
+    if (::access(socketPath_.c_str(), W_OK) != 0) return errno;
     const std::string source(entry.source);
     const std::string message(entry.message);
     const int priority = entry.type == kErrorType     ? LOG_ERR
@@ -29,15 +35,18 @@ class JournalBackend final : public Backend {
     return result < 0 ? -result : 0;
   }
   std::string describe() const override { return "journal"; }
+
+ private:
+  std::string socketPath_;
 };
 
 }  // namespace
 
-std::shared_ptr<Backend> makeJournalBackend() {
-  return std::make_shared<JournalBackend>();
+std::shared_ptr<Backend> makeJournalBackend(std::string socketPath) {
+  return std::make_shared<JournalBackend>(std::move(socketPath));
 }
 #else
-std::shared_ptr<Backend> makeJournalBackend() {
+std::shared_ptr<Backend> makeJournalBackend(std::string) {
   return nullptr;
 }
 #endif

@@ -32,7 +32,9 @@ std::string dataSourceOf(const ConnectionString& connectionString) {
 // Takes the name with an exclusive create, so that an existing file, or one
 // that another process makes at the same moment, is never opened for writing.
 void claimNewFile(const std::string& path) {
-  const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  // Owner-only: the register holds passwords. SQLite gives its companion
+  // files (-wal, -shm) the database file's permissions.
+  const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
   if (fd >= 0) {
     ::close(fd);
     return;
