@@ -15,6 +15,10 @@ namespace varnock {
 
 class Collection final : public Object {
  public:
+  Collection() = default;
+  // Releases nested containers without recursing once per level.
+  ~Collection() override;
+
   std::string_view typeName() const override { return "Collection"; }
 
   void Add(Variant item) { items_.push_back(std::move(item)); }

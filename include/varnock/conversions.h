@@ -35,7 +35,8 @@ Date toDate(const Variant& value);
 // The numeric test: numbers, booleans and Empty, or text that parseNumber
 // accepts in full. Never raises.
 bool isNumeric(const Variant& value);
-// The date test: dates, or text that parseDate accepts. Never raises.
+// The date test: valid dates (Date::isValid), or text that parseDate
+// accepts. Never raises.
 bool isDate(const Variant& value);
 
 // The parsers behind the tests and conversions; nullopt when the text is not

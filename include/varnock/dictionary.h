@@ -32,6 +32,10 @@ class Dictionary final : public KeyedContainer {
  public:
   using Entry = std::pair<std::string, Variant>;
 
+  Dictionary() = default;
+  // Releases nested containers without recursing once per level.
+  ~Dictionary() override;
+
   std::string_view typeName() const override { return "Dictionary"; }
 
   // Adds a new key; an existing key raises AutomationError 457.

@@ -34,6 +34,7 @@ class Record : public Object {
 
   Record(const Record&) = delete;
   Record& operator=(const Record&) = delete;
+  ~Record() override;
 
   // The connection string that every data method opens; assigned unchecked
   // (the empty string included).

@@ -51,7 +51,11 @@ struct Date {
 
   // The date of those calendar fields; no range check beyond the arithmetic.
   static Date fromCivil(const CivilDateTime& civil);
-  // The calendar fields, rounded to the nearest second.
+  // Whether the date is one of the calendar's: from 1/1/100 to 12/31/9999
+  // 23:59:59, to the nearest second. NaN and the infinities are not.
+  bool isValid() const noexcept;
+  // The calendar fields, rounded to the nearest second. A date that is not
+  // valid raises type mismatch (13).
   CivilDateTime civil() const;
   friend bool operator==(Date, Date) = default;
 };

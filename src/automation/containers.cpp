@@ -1,3 +1,4 @@
+#include "automation/nested_release.h"
 #include "varnock/automation_error.h"
 #include "varnock/collection.h"
 #include "varnock/conversions.h"
@@ -11,6 +12,10 @@ constexpr std::int32_t kSubscriptOutOfRange = 9;
 constexpr std::int32_t kKeyExists = 457;
 
 }  // namespace
+
+Dictionary::~Dictionary() {
+  releaseNested(entries_);
+}
 
 void Dictionary::Add(std::string key, Variant value) {
   if (index_.contains(key)) {
@@ -70,6 +75,10 @@ std::vector<Variant> Dictionary::keyList() const {
 
 Variant Dictionary::itemOf(const Variant& key) const {
   return Item(toText(key));
+}
+
+Collection::~Collection() {
+  releaseNested(items_);
 }
 
 const Variant& Collection::Item(std::int32_t index) const {

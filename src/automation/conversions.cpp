@@ -118,12 +118,18 @@ bool toBoolean(const Variant& value) {
 Date toDate(const Variant& value) {
   switch (value.type()) {
     case Variant::Type::Date:
+      if (!value.asDate().isValid()) raise(AutomationError::kTypeMismatch);
       return value.asDate();
     case Variant::Type::String:
       if (auto date = parseDate(value.asString())) return *date;
       raise(AutomationError::kTypeMismatch);
-    default:
-      return Date{toNumber(value)};
+    default: {
+      const double serial = toNumber(value);
+      if (std::isnan(serial)) raise(AutomationError::kTypeMismatch);
+      const Date date{serial};
+      if (!date.isValid()) raise(AutomationError::kOverflow);
+      return date;
+    }
   }
 }
 
@@ -144,7 +150,7 @@ bool isNumeric(const Variant& value) {
 }
 
 bool isDate(const Variant& value) {
-  if (value.type() == Variant::Type::Date) return true;
+  if (value.type() == Variant::Type::Date) return value.asDate().isValid();
   return value.isString() && parseDate(value.asString()).has_value();
 }
 

@@ -20,7 +20,22 @@ Date Date::fromCivil(const CivilDateTime& c) {
   return Date{calendar::serialOf(day, c.hour * 3600 + c.minute * 60 + c.second)};
 }
 
+namespace {
+
+// Serials of the first and past the last second of the calendar: 1/1/100 is
+// day -657434 (earlier times of that day count down towards -657435), and
+// 12/31/9999 is day 2958465; a serial that rounds to 1/1/10000 is past it.
+constexpr double kFirstSerialBound = -657435.0;
+constexpr double kLastSerialBound = 2958465.0 + 86399.5 / 86400.0;
+
+}  // namespace
+
+bool Date::isValid() const noexcept {
+  return serial > kFirstSerialBound && serial < kLastSerialBound;  // false for NaN
+}
+
 CivilDateTime Date::civil() const {
+  if (!isValid()) throw AutomationError::runtime(AutomationError::kTypeMismatch);
   const double whole = std::trunc(serial);
   auto day = static_cast<std::int64_t>(whole);
   auto seconds = static_cast<int>(std::llround(std::fabs(serial - whole) * 86400.0));

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "automation/nested_release.h"
 #include "catalogue/catalogue.h"
 #include "eventLog/event_log.h"
 #include "record/kirna_utility.h"
@@ -50,6 +51,11 @@ Record::Record(std::string_view tableName)
     : table_(&catalogue::table(tableName)),
       dsn_(sharedDefaultConnectionString()),
       values_(table_->columns.size(), Variant::null()) {}
+
+Record::~Record() {
+  // A column may hold a container that holds record objects, and so on.
+  releaseNested(values_);
+}
 
 void Record::put_DSN(std::string value) {
   dsn_ = std::make_shared<const std::string>(std::move(value));

@@ -55,5 +55,23 @@ TEST(Collection, CountsFromOne) {
   }
 }
 
+TEST(Containers, DeepNestingIsReleasedWithoutRunningOutOfStack) {
+  // Far deeper than any stack holds one destructor frame per level.
+  constexpr int kLevels = 300000;
+  auto outer = std::make_shared<Dictionary>();
+  Dictionary* dictionary = outer.get();
+  for (int level = 0; level < kLevels; ++level) {
+    auto collection = std::make_shared<Collection>();
+    auto inner = std::make_shared<Dictionary>();
+    Dictionary* next = inner.get();
+    collection->Add(Variant(std::move(inner)));
+    dictionary->Add("next", Variant(std::move(collection)));
+    dictionary = next;
+  }
+  std::weak_ptr<Dictionary> watched = outer;
+  outer.reset();
+  EXPECT_TRUE(watched.expired());
+}
+
 }  // namespace
 }  // namespace varnock

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "support/failure_of.h"
-
 #include <cmath>
+#include <limits>
 
+#include "support/failure_of.h"
 #include "varnock/automation_error.h"
 #include "varnock/conversions.h"
 
@@ -153,6 +153,26 @@ TEST(DateTest, RefusesWhatIsNotARealDateOrTime) {
   EXPECT_FALSE(isDate(Variant()));
   EXPECT_FALSE(isDate(Variant::null()));
   EXPECT_TRUE(isDate(Variant(Date{-5.5})));
+}
+
+TEST(DateTest, DatesOutsideTheCalendarAreNoDates) {
+  const double kInfinity = std::numeric_limits<double>::infinity();
+  const double kNaN = std::numeric_limits<double>::quiet_NaN();
+  // The first and last second of the calendar are dates; past them is none,
+  // including a last second that would round into the year 10000.
+  EXPECT_TRUE(isDate(Variant(Date::fromCivil({100, 1, 1, 0, 0, 0}))));
+  EXPECT_TRUE(isDate(Variant(Date::fromCivil({9999, 12, 31, 23, 59, 59}))));
+  for (const double serial : {kNaN, kInfinity, -kInfinity, 1e300, -1e300, 2958466.0,
+                              2958465.0 + 86399.9 / 86400, -657435.0, -657436.5}) {
+    SCOPED_TRACE(serial);
+    const Variant date{Date{serial}};
+    EXPECT_FALSE(isDate(date));
+    EXPECT_EQ(testing::failureOf([&] { toText(date); }), AutomationError::kTypeMismatch);
+    EXPECT_EQ(testing::failureOf([&] { toDate(date); }), AutomationError::kTypeMismatch);
+  }
+  EXPECT_EQ(testing::failureOf([&] { toDate(Variant(kNaN)); }), AutomationError::kTypeMismatch);
+  EXPECT_EQ(testing::failureOf([&] { toDate(Variant(1e10)); }), AutomationError::kOverflow);
+  EXPECT_EQ(toText(Variant(toDate(Variant(36650.5)))), "5/4/2000 12:00:00 PM");
 }
 
 TEST(DateTest, ReadsBackEveryTextItWrites) {
