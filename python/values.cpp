@@ -4,6 +4,7 @@
 // this file.
 #include <datetime.h>
 
+#include <cmath>
 #include <cstdint>
 #include <limits>
 
@@ -77,7 +78,14 @@ Variant fromDateTime(py::handle value) {
   Date date = Date::fromCivil(civil);
   // Before day 0 a later time is a larger fraction below the whole day.
   const double fraction = microseconds / 86400e6;
-  date.serial += date.serial < 0 ? -fraction : fraction;
+  const bool beforeDayZero = date.serial < 0;
+  const double dayEnd = beforeDayZero ? std::trunc(date.serial) - 1 : std::trunc(date.serial) + 1;
+  date.serial += beforeDayZero ? -fraction : fraction;
+  // A double near the calendar's end resolves about 40 microseconds: the
+  // last microseconds of a day must not round into the next one.
+  if (beforeDayZero ? date.serial <= dayEnd : date.serial >= dayEnd) {
+    date.serial = std::nextafter(dayEnd, 0.0);
+  }
   return Variant(date);
 }
 

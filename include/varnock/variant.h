@@ -51,11 +51,12 @@ struct Date {
 
   // The date of those calendar fields; no range check beyond the arithmetic.
   static Date fromCivil(const CivilDateTime& civil);
-  // Whether the date is one of the calendar's: from 1/1/100 to 12/31/9999
-  // 23:59:59, to the nearest second. NaN and the infinities are not.
+  // Whether the date lies in the calendar the date test and the columns
+  // take: from 1/1/100 to the end of 12/31/9999. NaN and the infinities do not.
   bool isValid() const noexcept;
-  // The calendar fields, rounded to the nearest second. A date that is not
-  // valid raises type mismatch (13).
+  // The calendar fields, rounded to the nearest second (never past the end of
+  // 12/31/9999 for a valid date). NaN, the infinities and serials beyond
+  // +-10,000,000 days raise type mismatch (13).
   CivilDateTime civil() const;
   friend bool operator==(Date, Date) = default;
 };

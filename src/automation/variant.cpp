@@ -22,11 +22,13 @@ Date Date::fromCivil(const CivilDateTime& c) {
 
 namespace {
 
-// Serials of the first and past the last second of the calendar: 1/1/100 is
-// day -657434 (earlier times of that day count down towards -657435), and
-// 12/31/9999 is day 2958465; a serial that rounds to 1/1/10000 is past it.
+// The calendar's instants: 1/1/100 is day -657434 (its times count down
+// towards -657435), and 12/31/9999 is day 2958465, which ends at 2958466.
 constexpr double kFirstSerialBound = -657435.0;
-constexpr double kLastSerialBound = 2958465.0 + 86399.5 / 86400.0;
+constexpr double kLastSerialBound = 2958466.0;
+// The serials the calendar arithmetic can take without overflow, far beyond
+// what any date text or conversion makes.
+constexpr double kArithmeticBound = 1e7;
 
 }  // namespace
 
@@ -35,13 +37,19 @@ bool Date::isValid() const noexcept {
 }
 
 CivilDateTime Date::civil() const {
-  if (!isValid()) throw AutomationError::runtime(AutomationError::kTypeMismatch);
+  if (!(std::fabs(serial) < kArithmeticBound)) {  // NaN and the infinities too
+    throw AutomationError::runtime(AutomationError::kTypeMismatch);
+  }
   const double whole = std::trunc(serial);
   auto day = static_cast<std::int64_t>(whole);
   auto seconds = static_cast<int>(std::llround(std::fabs(serial - whole) * 86400.0));
   if (seconds >= 86400) {  // rounding reached the next midnight
-    seconds -= 86400;
-    ++day;
+    if (isValid() && !Date{serial + 1.0 / 86400}.isValid()) {
+      seconds = 86399;  // the calendar's last second: no rounding past its end
+    } else {
+      seconds -= 86400;
+      ++day;
+    }
   }
   const calendar::YearMonthDay ymd = calendar::fromDayNumber(day);
   return {ymd.year, ymd.month, ymd.day, seconds / 3600, seconds / 60 % 60, seconds % 60};
