@@ -1,22 +1,28 @@
 // Test hook: a database provider named "Recording" that keeps every statement
 // it is handed and answers from a script of rows or failures, so the data
-// methods can be checked without a database.
+// methods can be checked without a database. Its connections and rows keep
+// the client's contract, so callers meet the same failures as on a database.
 //   Provider=Recording          opens
 //   Provider=Recording;Fail=1   fails at open
 #pragma once
 
 #include <deque>
-#include <map>
 #include <optional>
 #include <string>
+#include <utility>
+#include <variant>
 #include <vector>
 
 #include "client/provider.h"
 #include "varnock/automation_error.h"
+#include "varnock/conversions.h"
 
 namespace varnock::testing {
 
-using Row = std::map<std::string, Variant>;
+inline constexpr const char* kRecordingSource = "Recording Provider";
+
+// One row's fields in their order; a name may come twice, as in a join.
+using Row = std::vector<std::pair<std::string, Variant>>;
 
 struct RecordingScript {
   std::vector<std::string> statements;
@@ -36,17 +42,24 @@ class RecordingRows final : public client::Recordset {
  public:
   explicit RecordingRows(std::vector<Row> rows) : rows_(std::move(rows)) {}
   bool eof() const override { return next_ >= rows_.size(); }
+  // The first field of that name, as the register compares names.
   Variant field(std::string_view name) const override {
-    if (eof()) throw AutomationError(client::kNoCurrentRecord, client::kNoCurrentRecordText, "Rec");
-    const auto it = rows_[next_].find(std::string(name));
-    if (it == rows_[next_].end()) {
-      throw AutomationError(client::kItemNotFound, client::kItemNotFoundText, "Rec");
+    if (eof()) noCurrentRecord();
+    for (const auto& [fieldName, value] : rows_[next_]) {
+      if (equalsIgnoringCase(fieldName, name)) return value;
     }
-    return it->second;
+    throw AutomationError(client::kItemNotFound, client::kItemNotFoundText, kRecordingSource);
   }
-  void moveNext() override { ++next_; }
+  void moveNext() override {
+    if (eof()) noCurrentRecord();
+    ++next_;
+  }
 
  private:
+  [[noreturn]] static void noCurrentRecord() {
+    throw AutomationError(client::kNoCurrentRecord, client::kNoCurrentRecordText, kRecordingSource);
+  }
+
   std::vector<Row> rows_;
   std::size_t next_ = 0;
 };
@@ -54,6 +67,10 @@ class RecordingRows final : public client::Recordset {
 class RecordingConnection final : public client::Connection {
  public:
   std::unique_ptr<client::Recordset> execute(std::string_view statement) override {
+    if (closed_) {
+      throw AutomationError(client::kConnectionClosed, client::kConnectionClosedText,
+                            kRecordingSource);
+    }
     RecordingScript& script = RecordingScript::instance();
     script.statements.emplace_back(statement);
     if (script.answers.empty()) return std::make_unique<RecordingRows>(std::vector<Row>{});
@@ -62,7 +79,15 @@ class RecordingConnection final : public client::Connection {
     if (auto* failure = std::get_if<AutomationError>(&answer)) throw *failure;
     return std::make_unique<RecordingRows>(std::get<std::vector<Row>>(std::move(answer)));
   }
-  void close() noexcept override { ++RecordingScript::instance().closed; }
+  // Counts one close per connection, however often it is called.
+  void close() noexcept override {
+    if (closed_) return;
+    closed_ = true;
+    ++RecordingScript::instance().closed;
+  }
+
+ private:
+  bool closed_ = false;
 };
 
 inline void registerRecordingProvider() {
@@ -70,7 +95,7 @@ inline void registerRecordingProvider() {
   provider.open = [](const client::ConnectionString& cs) {
     if (cs.get("Fail")) {
       throw AutomationError(client::kCannotOpen, "Server does not exist or access denied.",
-                            "Recording Provider");
+                            kRecordingSource);
     }
     ++RecordingScript::instance().opened;
     return std::unique_ptr<client::Connection>(std::make_unique<RecordingConnection>());
