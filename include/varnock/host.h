@@ -9,6 +9,7 @@
 //   std::int32_t id = varnock::GetIDsOfNames(*user, {"Username"})[0];
 //   varnock::DispatchArguments args{{varnock::Variant("jdoe")}, {}};
 //   varnock::Invoke(*user, id, varnock::kDispatchPropertyPut, args);
+//   assert(user->GetDataProperty("UserName") == varnock::Variant("jdoe"));
 #pragma once
 
 #include <cstdint>

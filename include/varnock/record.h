@@ -6,8 +6,9 @@
 // nothing but constants.
 //
 //   varnock::User user;
-//   user.put_Authorized("maybe");   // refused: "Cannot convert this value to bit"
-//   user.GetLastErrorMessage();     // that message; user.get_Authorized() is still Null
+//   user.put_Authorized("maybe");  // refused: not a bit; one event is written
+//   assert(user.GetLastErrorMessage() == "Cannot convert this value to bit");
+//   assert(user.get_Authorized().isNull());  // the column keeps its value
 #pragma once
 
 #include <memory>

@@ -3,9 +3,9 @@
 // file stays an ordinary SQLite database that the sqlite3 shell can read and
 // write with plain SQL.
 //
-//   const std::string dsn = varnock::createRegister("/srv/varnock/register.db");
+//   const std::string dsn = varnock::createRegister("register.db");
 //   varnock::User user;
-//   user.put_DSN(dsn);
+//   user.put_DSN(dsn);  // "Provider=SQLite;Data Source=register.db"
 #pragma once
 
 #include <string>

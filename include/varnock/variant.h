@@ -5,9 +5,9 @@
 // Values copy cheaply; only strings (beyond the short-string buffer) and object
 // references touch the heap. A Variant is not synchronised: one owner at a time.
 //
-//   varnock::Variant v = "42";                   // a String
-//   v.type() == varnock::Variant::Type::String;  // stored as given, never converted
-//   varnock::toNumber(v) == 42.0;                // conversions live in conversions.h
+//   varnock::Variant v = "42";
+//   assert(v.type() == varnock::Variant::Type::String);  // stored as given, never converted
+//   assert(varnock::toNumber(v) == 42.0);                // conversions live in conversions.h
 #pragma once
 
 #include <cstdint>
