@@ -1,5 +1,6 @@
 // Collection: the ordered, keyless, one-based collection that the listing
-// methods return, each item usually a new record object. One owner at a time.
+// methods return, each item a new record object on the lister's DSN. One owner
+// at a time.
 //
 //   varnock::User user;
 //   user.put_DSN(varnock::createRegister("users.db"));  // a new, empty register

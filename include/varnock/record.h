@@ -45,9 +45,10 @@ class Record : public Object {
   std::string GetTableName() const;
 
   // The description of the most recent refusal or failure; "" on a new
-  // object. A later success does not clear it. Two things do: SetDataProperty
-  // clears it before it assigns, and a Null assigned to a column that allows
-  // Null clears it.
+  // object. A later success does not clear it as such. Two things do:
+  // SetDataProperty clears it before it assigns, and a Null stored in a
+  // column that allows Null clears it, whether assigned or loaded with a row
+  // (so a Get<T> of a row with such a Null clears it).
   std::string GetLastErrorMessage() const { return lastError_; }
 
   // Columns by name, for code that does not know the class. Names are the

@@ -21,6 +21,8 @@ std::string createRegister(const std::string& path);
 // The connection string that opens the SQLite register at `path`:
 // "Provider=SQLite;Data Source=" + the path, in quotes when the path holds
 // what would otherwise end or trim it (";", quotes, blanks at either end).
+// A relative path stays relative: each call opens it from the process's
+// current folder of the moment.
 std::string registerConnectionString(const std::string& path);
 
 }  // namespace varnock
