@@ -1,9 +1,16 @@
 // AutomationError: the one error type that Varnock raises. It carries what an
 // automation client sees of a failure: a signed 32-bit number, a description
 // and the name of the part that raised it. Immutable; safe to share.
+// A refused column value does not raise (it sets GetLastErrorMessage and
+// writes an event), nor does a failed data method other than CountEvery<T>.
+// What raises says so where it is declared: CountEvery<T>, the object host,
+// the conversions and Variant's typed reads, the containers, createRegister,
+// setEventLog, and any call whose event cannot be written to the event log.
 //
-//   try { user.put_Username(varnock::Variant::null()); }
-//   catch (const varnock::AutomationError& e) { log(e.number(), e.description()); }
+//   varnock::User user;
+//   user.put_DSN("Provider=SQLite;Data Source=/no/such/folder/register.db");
+//   try { user.CountEveryUser(); }  // the register cannot be opened: CountEvery raises
+//   catch (const varnock::AutomationError& e) { std::cerr << e.description() << "\n"; }
 #pragma once
 
 #include <cstdint>

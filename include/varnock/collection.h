@@ -1,8 +1,15 @@
 // Collection: the ordered, keyless, one-based collection that the listing
-// methods return, each item usually a new record object. One owner at a time.
+// methods return, each item a new record object on the lister's DSN. One owner
+// at a time.
 //
-//   for (const varnock::Variant& item : *collection) { ... }
-//   collection->Item(1);   // the first item; 0 or past the end raises error 9
+//   varnock::User user;
+//   user.put_DSN(varnock::createRegister("users.db"));  // a new, empty register
+//   std::shared_ptr<varnock::Collection> users = user.GetEveryUser("", "Lastname");
+//   for (const varnock::Variant& item : *users) {
+//     auto each = std::dynamic_pointer_cast<varnock::User>(item.asObject());
+//     std::cout << varnock::toText(each->get_Lastname()) << "\n";
+//   }
+//   if (users->Count() > 0) users->Item(1);  // the first; 0 or past the end raises error 9
 #pragma once
 
 #include <cstdint>

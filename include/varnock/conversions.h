@@ -10,7 +10,8 @@
 //            30-99 are 19xx; years run from 100 to 9999; only real calendar
 //            dates and times (0-23 h, 0-59 min, 0-59 s) are accepted.
 // Every failure raises AutomationError: 94 for Null, 13 for a value that does
-// not convert, 6 for a number out of range. Stateless and thread-safe.
+// not convert, 6 for a toLong or toDate result out of range. Stateless and
+// thread-safe.
 #pragma once
 
 #include <cstdint>
@@ -30,6 +31,9 @@ bool toBoolean(const Variant& value);
 double toNumber(const Variant& value);
 // Rounded half to even; outside the 32-bit range raises overflow (6).
 std::int32_t toLong(const Variant& value);
+// A valid date as it is (one that is not raises 13); text through parseDate;
+// any other value through toNumber, its number taken as the date's serial:
+// NaN raises 13, a serial outside the calendar (Date::isValid) raises 6.
 Date toDate(const Variant& value);
 
 // The numeric test: numbers, booleans and Empty, or text that parseNumber

@@ -6,7 +6,9 @@
 //
 //   auto d = std::make_shared<varnock::Dictionary>();
 //   d->Add("UserName", "jdoe");
-//   for (const auto& [key, value] : *d) { ... }   // insertion order
+//   for (const auto& [key, value] : *d) std::cout << key << "\n";  // insertion order
+//   varnock::User user;
+//   assert(user.SetDictionary(d) && user.get_Username() == varnock::Variant("jdoe"));
 #pragma once
 
 #include <cstdint>

@@ -9,6 +9,7 @@
 //   std::int32_t id = varnock::GetIDsOfNames(*user, {"Username"})[0];
 //   varnock::DispatchArguments args{{varnock::Variant("jdoe")}, {}};
 //   varnock::Invoke(*user, id, varnock::kDispatchPropertyPut, args);
+//   assert(user->GetDataProperty("UserName") == varnock::Variant("jdoe"));
 #pragma once
 
 #include <cstdint>
@@ -59,10 +60,14 @@ struct DispatchArguments {
 std::vector<std::int32_t> GetIDsOfNames(const Record& object,
                                         const std::vector<std::string_view>& names);
 
-// Calls a member. Omitted optional arguments take their defaults; a missing
-// required one raises kParameterNotOptional, too many kBadParameterCount, an
-// unknown named one kParameterNotFound; values are converted to the declared
-// types (kDispatchTypeMismatch, kDispatchOverflow when they do not convert).
+// Calls a member. An identifier that the object has no member of that kind
+// for raises kMemberNotFound. Omitted optional arguments take their defaults;
+// a missing required one raises kParameterNotOptional, too many
+// kBadParameterCount, an unknown named one kParameterNotFound; values are
+// converted to the declared types (kDispatchTypeMismatch, kDispatchOverflow
+// when they do not convert). Past that, a member does what the class's own
+// method does: a failed data method returns its failure value, and only
+// CountEvery<T> raises.
 Variant Invoke(Record& object, std::int32_t dispatchId, std::uint16_t kind,
                DispatchArguments& arguments);
 
@@ -84,8 +89,8 @@ struct MemberDescription {
   std::vector<std::string> argumentNames;
 };
 
-// The interface of a class named by table name or ProgID (any case); an
-// unknown class raises error 429.
+// The interface of a class named by table name, ProgID or class identifier
+// (any case); an unknown class raises error 429.
 std::vector<MemberDescription> members(std::string_view className);
 
 }  // namespace varnock

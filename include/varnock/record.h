@@ -6,8 +6,9 @@
 // nothing but constants.
 //
 //   varnock::User user;
-//   user.put_Authorized("maybe");   // refused: "Cannot convert this value to bit"
-//   user.GetLastErrorMessage();     // that message; user.get_Authorized() is still Null
+//   user.put_Authorized("maybe");  // refused: not a bit; one event is written
+//   assert(user.GetLastErrorMessage() == "Cannot convert this value to bit");
+//   assert(user.get_Authorized().isNull());  // the column keeps its value
 #pragma once
 
 #include <memory>
@@ -45,9 +46,10 @@ class Record : public Object {
   std::string GetTableName() const;
 
   // The description of the most recent refusal or failure; "" on a new
-  // object. A later success does not clear it. Two things do: SetDataProperty
-  // clears it before it assigns, and a Null assigned to a column that allows
-  // Null clears it.
+  // object. A later success does not clear it as such. Two things do:
+  // SetDataProperty clears it before it assigns, and a Null stored in a
+  // column that allows Null clears it, whether assigned or loaded with a row
+  // (so a Get<T> of a row with such a Null clears it).
   std::string GetLastErrorMessage() const { return lastError_; }
 
   // Columns by name, for code that does not know the class. Names are the

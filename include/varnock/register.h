@@ -3,9 +3,9 @@
 // file stays an ordinary SQLite database that the sqlite3 shell can read and
 // write with plain SQL.
 //
-//   const std::string dsn = varnock::createRegister("/srv/varnock/register.db");
+//   const std::string dsn = varnock::createRegister("register.db");
 //   varnock::User user;
-//   user.put_DSN(dsn);
+//   user.put_DSN(dsn);  // "Provider=SQLite;Data Source=register.db"
 #pragma once
 
 #include <string>
@@ -21,6 +21,8 @@ std::string createRegister(const std::string& path);
 // The connection string that opens the SQLite register at `path`:
 // "Provider=SQLite;Data Source=" + the path, in quotes when the path holds
 // what would otherwise end or trim it (";", quotes, blanks at either end).
+// A relative path stays relative: each call opens it from the process's
+// current folder of the moment.
 std::string registerConnectionString(const std::string& path);
 
 }  // namespace varnock

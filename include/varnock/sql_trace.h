@@ -1,7 +1,9 @@
-// The SQL trace: one JSON Lines entry per statement that Varnock hands to the
-// database, so users can see exactly what is sent. Each entry has "time",
-// "sql" (the exact text), "ok", "error" (when it failed) and "elapsed_us".
-// Off unless VARNOCK_SQL_TRACE names a file or setSqlTrace is called.
+// The SQL trace: one JSON Lines entry per statement that a data method hands
+// to the database, so users can see exactly what is sent (creating a register
+// is not traced). Each entry has "time", "sql" (the exact text), "ok", "error"
+// (when it failed) and "elapsed_us". Off unless VARNOCK_SQL_TRACE names a file
+// (read once, when first needed) or setSqlTrace is called. Tracing never
+// fails a call: an entry that cannot be written is lost.
 // Thread-safe; the setting applies to the whole process.
 #pragma once
 

@@ -2,12 +2,13 @@
 // results carry. It holds Empty, Null, a boolean, a 16- or 32-bit integer, a
 // double, a currency amount, a date or a string, or a reference to an object
 // (a record object, a Dictionary or a Collection). Null and Empty are distinct.
-// Values copy cheaply; only strings (beyond the short-string buffer) and object
-// references touch the heap. A Variant is not synchronised: one owner at a time.
+// Values copy cheaply: only a string longer than the short-string buffer
+// allocates; a copied object reference shares the object. A Variant is not
+// synchronised: one owner at a time.
 //
-//   varnock::Variant v = "42";                   // a String
-//   v.type() == varnock::Variant::Type::String;  // stored as given, never converted
-//   varnock::toNumber(v) == 42.0;                // conversions live in conversions.h
+//   varnock::Variant v = "42";
+//   assert(v.type() == varnock::Variant::Type::String);  // stored as given, never converted
+//   assert(varnock::toNumber(v) == 42.0);                // conversions live in conversions.h
 #pragma once
 
 #include <cstdint>

@@ -1,6 +1,7 @@
 // Register files: creating one, opening one, and sharing one with other
 // processes and with the standard sqlite3 shell.
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -106,41 +107,102 @@ TEST(RegisterFile, OpeningNeedsADataSourceThatIsADatabase) {
             "file is not a database");
 }
 
-// Another process holds a write transaction for a second; an insert of ours
-// meanwhile waits for it instead of failing, and then succeeds.
+// One pipe between this process and a child, carrying one-byte messages.
+// Each end is closed once: by hand where a process gives it up, or at the end.
+class MessagePipe {
+ public:
+  MessagePipe() {
+    if (::pipe(ends_) != 0) ends_[0] = ends_[1] = -1;
+  }
+  ~MessagePipe() {
+    closeReadEnd();
+    closeWriteEnd();
+  }
+  MessagePipe(const MessagePipe&) = delete;
+  MessagePipe& operator=(const MessagePipe&) = delete;
+
+  bool isOpen() const { return ends_[0] >= 0 && ends_[1] >= 0; }
+  void closeReadEnd() { closeEnd(0); }
+  void closeWriteEnd() { closeEnd(1); }
+
+  bool send(char message) { return ::write(ends_[1], &message, 1) == 1; }
+  // Waits for a message; false when every writer has closed its end.
+  bool receive(char& message) { return ::read(ends_[0], &message, 1) == 1; }
+  // The message already waiting, without waiting for one; 0 when none is.
+  char alreadySent() {
+    pollfd waiting{ends_[0], POLLIN, 0};
+    char message = 0;
+    if (::poll(&waiting, 1, 0) == 1 && (waiting.revents & POLLIN) != 0) receive(message);
+    return message;
+  }
+
+ private:
+  void closeEnd(int end) {
+    if (ends_[end] >= 0) ::close(ends_[end]);
+    ends_[end] = -1;
+  }
+  int ends_[2];
+};
+
+// Waits for the child when the test ends, however it ends; declared before
+// the pipes, so that they close first and a waiting child sees its parent go.
+struct ReapedChild {
+  pid_t pid = -1;
+  int status = -1;
+  void reap() {
+    if (pid > 0 && ::waitpid(pid, &status, 0) == pid) pid = -1;
+  }
+  ~ReapedChild() { reap(); }
+};
+
+// Another process holds a write transaction; an insert of ours meanwhile
+// waits for it instead of failing, and succeeds once it ends. The child says
+// "committing" just before its COMMIT: that our insert returns only after the
+// message was sent proves it waited, whatever the two processes' speeds.
 TEST(RegisterFile, AWriterWaitsForAnotherProcesssTransaction) {
   testing::TempRegister reg;
-  int ready[2];
-  ASSERT_EQ(::pipe(ready), 0);
-  const pid_t child = ::fork();
-  ASSERT_GE(child, 0);
-  if (child == 0) {
+  ReapedChild child;
+  MessagePipe holding, go, committing;
+  ASSERT_TRUE(holding.isOpen() && go.isOpen() && committing.isOpen());
+  child.pid = ::fork();
+  ASSERT_GE(child.pid, 0);
+  if (child.pid == 0) {
+    holding.closeReadEnd();
+    go.closeWriteEnd();
+    committing.closeReadEnd();
     int status = 1;
     try {
       auto holder = open(reg.dsn());
       holder->execute("BEGIN IMMEDIATE");
       holder->execute("INSERT INTO [Country] VALUES ('Chad')");
-      const char signal = 'x';
-      if (::write(ready[1], &signal, 1) == 1) status = 0;
-      std::this_thread::sleep_for(std::chrono::seconds(1));
-      holder->execute("COMMIT");
+      char message = 0;
+      // Without the parent's go (it ended early), the transaction is dropped.
+      if (holding.send('h') && go.receive(message)) {
+        // Lets the parent's insert reach the lock first, so that it has to
+        // wait; the test's outcome does not depend on how long this is.
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        if (committing.send('c')) {
+          holder->execute("COMMIT");
+          status = 0;
+        }
+      }
     } catch (...) {
       status = 2;
     }
     ::_exit(status);
   }
-  ::close(ready[1]);
-  char signal = 0;
-  ASSERT_EQ(::read(ready[0], &signal, 1), 1);
-  ::close(ready[0]);
+  holding.closeWriteEnd();
+  go.closeReadEnd();
+  committing.closeWriteEnd();
+
+  char message = 0;
+  ASSERT_TRUE(holding.receive(message)) << "the child could not take the write lock";
   auto connection = open(reg.dsn());
-  const auto start = std::chrono::steady_clock::now();
+  ASSERT_TRUE(go.send('g'));
   connection->execute("INSERT INTO [Country] VALUES ('Peru')");
-  const auto waited = std::chrono::steady_clock::now() - start;
-  int status = -1;
-  ASSERT_EQ(::waitpid(child, &status, 0), child);
-  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
-  EXPECT_GE(waited, std::chrono::milliseconds(500));
+  EXPECT_EQ(committing.alreadySent(), 'c') << "the insert ended before the other transaction";
+  child.reap();
+  EXPECT_TRUE(WIFEXITED(child.status) && WEXITSTATUS(child.status) == 0) << child.status;
   EXPECT_EQ(count(*connection, "Country"), Variant(std::int32_t{2}));
 }
 
