@@ -215,5 +215,14 @@ TEST_F(SqliteProvider, RejectedStatementsCarrySqlitesOwnMessageAndRunOneAtATime)
   EXPECT_EQ(single("SELECT Count(*) AS n FROM [Country]", "n"), Variant(std::int32_t{1}));
 }
 
+TEST_F(SqliteProvider, ConditionsReachNoFunctionThatDisclosesMemoryOrFiles) {
+  for (const char* condition :
+       {"fts3_tokenizer('simple') IS NOT NULL", "load_extension('libc.so.6') IS NULL"}) {
+    const AutomationError e = refusal(std::string("SELECT * FROM [Country] WHERE ") + condition);
+    EXPECT_EQ(e.number(), kCommandFailed);
+    EXPECT_NE(e.description().find("not authorized"), std::string::npos) << e.description();
+  }
+}
+
 }  // namespace
 }  // namespace varnock::client

@@ -13,6 +13,7 @@
 
 #include "client/client.h"
 #include "client/connection_string.h"
+#include "support/in_child.h"
 #include "support/run_program.h"
 #include "support/temp_register.h"
 #include "varnock/automation_error.h"
@@ -90,6 +91,50 @@ TEST(RegisterFile, OpeningAMissingFileFailsAndMakesNone) {
   EXPECT_EQ(e.source(), "Varnock.SQLite");
   EXPECT_NE(e.description().find(missing.string()), std::string::npos) << e.description();
   EXPECT_FALSE(fs::exists(missing));
+}
+
+TEST(RegisterFile, ADataSourceIsAPathNeverAUri) {
+  testing::TempRegister reg;
+  // Read as a URI, this would open the register with options (immutable,
+  // read-only); as a path it names no file.
+  const std::string uri = "file:" + reg.path().string() + "?immutable=1";
+  EXPECT_EQ(openFailure("Provider=SQLite;Data Source=" + uri).number(), kCannotOpen);
+  // A relative path that looks like a URI is a file of that name.
+  EXPECT_EQ(testing::inChild([&] {
+              if (::chdir(reg.folder().c_str()) != 0) return 1;
+              const std::string dsn = createRegister("file:uri.db?mode=ro");
+              if (!fs::exists("file:uri.db?mode=ro") || fs::exists("uri.db")) return 2;
+              open(dsn)->execute("INSERT INTO [Country] VALUES ('Chad')");
+              return count(*open(dsn), "Country") == Variant(std::int32_t{1}) ? 0 : 3;
+            }),
+            0);
+}
+
+// Someone who may read the register but not write to it or to its folder:
+// nobody, when the tests run as root; otherwise the folder and files are made
+// read-only for this user.
+TEST(RegisterFile, AReaderWithoutWriteAccessReadsAndItsWritesFailClearly) {
+  testing::TempRegister reg;
+  reg.run({"INSERT INTO [Country] VALUES ('Chad')"});
+  const bool root = ::geteuid() == 0;
+  for (const auto& entry : fs::directory_iterator(reg.folder()))
+    fs::permissions(entry.path(), root ? fs::perms(0644) : fs::perms(0444));
+  fs::permissions(reg.folder(), root ? fs::perms(0755) : fs::perms(0555));
+  const int status = testing::inChild([&] {
+    if (root && (::setgid(65534) != 0 || ::setuid(65534) != 0)) return 10;
+    auto reader = open(reg.dsn());
+    if (count(*reader, "Country") != Variant(std::int32_t{1})) return 1;
+    try {
+      reader->execute("INSERT INTO [Country] VALUES ('Peru')");
+    } catch (const AutomationError& e) {
+      const bool clear = e.number() == kCommandFailed &&
+                         e.description().find("read-only for this process") != std::string::npos;
+      return clear ? 0 : 2;
+    }
+    return 3;
+  });
+  fs::permissions(reg.folder(), fs::perms(0700));
+  EXPECT_EQ(status, 0);
 }
 
 TEST(RegisterFile, OpeningNeedsADataSourceThatIsADatabase) {
