@@ -111,6 +111,13 @@ TEST(UnicodeLiteral, LosesItsPrefixAndNothingElse) {
             "UPDATE [User] SET [Bio] =  'x' WHERE [UserName] =  'O' 'Brien'");
 }
 
+TEST(NulCharacters, AreSpelledOutInsideTheirLiteral) {
+  using namespace std::string_literals;
+  EXPECT_EQ(dialectOf("UPDATE [User] SET [Bio] = N'a\0b''\0' WHERE [UserName] = 'x'"s),
+            "UPDATE [User] SET [Bio] = ('a' || char(0) || 'b''' || char(0) || '') WHERE "
+            "[UserName] = 'x'");
+}
+
 TEST(DateLiterals, AreStoredDatesInInsertsWithOrWithoutColumnList) {
   EXPECT_EQ(dialectOf("INSERT INTO [ErrorLog] ([UserId], [DateCreated], [ErrorNumber]) VALUES "
                       "('5/4/2000', '2000/5/4 13:45:00PM', 5)"),

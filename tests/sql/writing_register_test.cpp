@@ -196,6 +196,26 @@ TEST_F(RegisterWriting, AKeyThatReadsAsTwoLiteralsNeverReachesAnotherRow) {
   EXPECT_EQ(back.get_Password(), Variant("secret"));
 }
 
+TEST_F(RegisterWriting, TextsHoldingNulCharactersAreStoredAndReadBackWhole) {
+  using namespace std::string_literals;
+  User user;
+  fillUser(user, "nul\0user"s);
+  user.put_Bio("\0starts, in\0side\0\0, ends\0"s);
+  user.put_AuthorisationMessage("ntext\0too"s);
+  ASSERT_TRUE(user.AddUser()) << user.GetLastErrorMessage();
+  User back;
+  connect(back);
+  back.put_Username("nul\0user"s);
+  ASSERT_TRUE(back.GetUser()) << back.GetLastErrorMessage();
+  EXPECT_EQ(back.get_Bio(), Variant("\0starts, in\0side\0\0, ends\0"s));
+  EXPECT_EQ(back.get_AuthorisationMessage(), Variant("ntext\0too"s));
+  back.put_Bio("changed\0"s);
+  ASSERT_TRUE(back.UpdateUser()) << back.GetLastErrorMessage();
+  EXPECT_EQ(back.CountEveryUser("Bio = 'changed'"), 0);  // the NUL is part of the text
+  ASSERT_TRUE(back.DeleteUser()) << back.GetLastErrorMessage();
+  EXPECT_EQ(back.CountEveryUser(), 0);
+}
+
 TEST_F(RegisterWriting, DeleteByKeyChecksFirstAndReloadsTheObject) {
   GroupCode group;
   connect(group);

@@ -8,6 +8,28 @@
 
 namespace varnock::client::sqlite {
 
+namespace {
+
+// SQL Server's texts may hold NUL characters; SQLite stops reading a
+// statement at one. A literal that holds them becomes the same text built
+// with char(0): ('a' || char(0) || 'b').
+void spellOutNulCharacters(std::vector<Token>& tokens) {
+  for (Token& t : tokens) {
+    if (t.kind != Token::Kind::String || t.text.find('\0') == std::string::npos) continue;
+    const std::string value = stringValue(t);
+    std::string spelled = "(";
+    std::size_t start = 0;
+    for (std::size_t nul = value.find('\0'); nul != std::string::npos;
+         nul = value.find('\0', start)) {
+      spelled += quoted(std::string_view(value).substr(start, nul - start)) + " || char(0) || ";
+      start = nul + 1;
+    }
+    t.text = spelled + quoted(std::string_view(value).substr(start)) + ")";
+  }
+}
+
+}  // namespace
+
 std::string toSqliteDialect(std::string_view statement, const RegisterSchema& schema) {
   std::vector<Token> tokens = tokenize(statement);
   for (Token& t : tokens) {
@@ -18,6 +40,7 @@ std::string toSqliteDialect(std::string_view statement, const RegisterSchema& sc
   }
   rewriteDateLiterals(tokens, schema);
   moveTopToLimit(tokens);
+  spellOutNulCharacters(tokens);
   return joinTokens(tokens);
 }
 
