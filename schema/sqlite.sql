@@ -289,4 +289,80 @@ BEGIN
   WHERE rowid = NEW.rowid;
 END;
 
+-- Whole numbers in int columns, as SQL Server keeps them: a number with a
+-- fraction loses it (towards zero), and one outside int's range is refused
+-- with SQL Server's message.
+
+CREATE TRIGGER "ErrorLog.ErrorNumber stored as an int after insert"
+AFTER INSERT ON "ErrorLog"
+WHEN typeof(NEW."ErrorNumber") = 'real'
+  OR NEW."ErrorNumber" NOT BETWEEN -2147483648 AND 2147483647
+BEGIN
+  SELECT RAISE(ABORT, 'Arithmetic overflow error converting expression to data type int.')
+  WHERE NEW."ErrorNumber" NOT BETWEEN -2147483648 AND 2147483647;
+  UPDATE "ErrorLog"
+  SET "ErrorNumber" = CAST("ErrorNumber" AS INTEGER)
+  WHERE rowid = NEW.rowid;
+END;
+
+CREATE TRIGGER "ErrorLog.ErrorNumber stored as an int after update"
+AFTER UPDATE OF "ErrorNumber" ON "ErrorLog"
+WHEN typeof(NEW."ErrorNumber") = 'real'
+  OR NEW."ErrorNumber" NOT BETWEEN -2147483648 AND 2147483647
+BEGIN
+  SELECT RAISE(ABORT, 'Arithmetic overflow error converting expression to data type int.')
+  WHERE NEW."ErrorNumber" NOT BETWEEN -2147483648 AND 2147483647;
+  UPDATE "ErrorLog"
+  SET "ErrorNumber" = CAST("ErrorNumber" AS INTEGER)
+  WHERE rowid = NEW.rowid;
+END;
+
+CREATE TRIGGER "ZoneAddress.Address stored as an int after insert"
+AFTER INSERT ON "ZoneAddress"
+WHEN typeof(NEW."Address") = 'real'
+  OR NEW."Address" NOT BETWEEN -2147483648 AND 2147483647
+BEGIN
+  SELECT RAISE(ABORT, 'Arithmetic overflow error converting expression to data type int.')
+  WHERE NEW."Address" NOT BETWEEN -2147483648 AND 2147483647;
+  UPDATE "ZoneAddress"
+  SET "Address" = CAST("Address" AS INTEGER)
+  WHERE rowid = NEW.rowid;
+END;
+
+CREATE TRIGGER "ZoneAddress.Address stored as an int after update"
+AFTER UPDATE OF "Address" ON "ZoneAddress"
+WHEN typeof(NEW."Address") = 'real'
+  OR NEW."Address" NOT BETWEEN -2147483648 AND 2147483647
+BEGIN
+  SELECT RAISE(ABORT, 'Arithmetic overflow error converting expression to data type int.')
+  WHERE NEW."Address" NOT BETWEEN -2147483648 AND 2147483647;
+  UPDATE "ZoneAddress"
+  SET "Address" = CAST("Address" AS INTEGER)
+  WHERE rowid = NEW.rowid;
+END;
+
+CREATE TRIGGER "ZonePool.Address stored as an int after insert"
+AFTER INSERT ON "ZonePool"
+WHEN typeof(NEW."Address") = 'real'
+  OR NEW."Address" NOT BETWEEN -2147483648 AND 2147483647
+BEGIN
+  SELECT RAISE(ABORT, 'Arithmetic overflow error converting expression to data type int.')
+  WHERE NEW."Address" NOT BETWEEN -2147483648 AND 2147483647;
+  UPDATE "ZonePool"
+  SET "Address" = CAST("Address" AS INTEGER)
+  WHERE rowid = NEW.rowid;
+END;
+
+CREATE TRIGGER "ZonePool.Address stored as an int after update"
+AFTER UPDATE OF "Address" ON "ZonePool"
+WHEN typeof(NEW."Address") = 'real'
+  OR NEW."Address" NOT BETWEEN -2147483648 AND 2147483647
+BEGIN
+  SELECT RAISE(ABORT, 'Arithmetic overflow error converting expression to data type int.')
+  WHERE NEW."Address" NOT BETWEEN -2147483648 AND 2147483647;
+  UPDATE "ZonePool"
+  SET "Address" = CAST("Address" AS INTEGER)
+  WHERE rowid = NEW.rowid;
+END;
+
 COMMIT;

@@ -200,29 +200,64 @@ std::string sqliteTable(const Table& t) {
   return text;
 }
 
-// `event` is "insert" or "update".
-std::string sqliteDateTrigger(const Table& t, const Column& c, std::string_view event) {
+// SQL Server's words for an int out of its range.
+constexpr std::string_view kIntOverflow =
+    "Arithmetic overflow error converting expression to data type int.";
+constexpr std::string_view kIntRange = "BETWEEN -2147483648 AND 2147483647";
+
+constexpr std::string_view kIntTriggersComment =
+    R"(-- Whole numbers in int columns, as SQL Server keeps them: a number with a
+-- fraction loses it (towards zero), and one outside int's range is refused
+-- with SQL Server's message.
+)";
+
+// An AFTER INSERT or AFTER UPDATE OF trigger on one column (`event` is
+// "insert" or "update"), named after what it keeps: `when` and `body` are
+// written with NEW.<column> as `fresh`, and `column` as the stored column.
+std::string sqliteColumnTrigger(const Table& t, const Column& c, std::string_view event,
+                                std::string_view keeps,
+                                std::string (*when)(const std::string& fresh),
+                                std::string (*body)(const std::string& fresh,
+                                                    const std::string& column)) {
   const std::string table = doubleQuoted(t.name);
   const std::string column = doubleQuoted(c.field);
   const std::string fresh = "NEW." + column;
-  const std::string name = std::string(t.name) + "." + std::string(c.field) +
-                           " stored as a date after " + std::string(event);
+  const std::string name = std::string(t.name) + "." + std::string(c.field) + " stored as " +
+                           std::string(keeps) + " after " + std::string(event);
   std::string text = "CREATE TRIGGER " + doubleQuoted(name) + "\n";
   text += event == "insert" ? "AFTER INSERT ON " + table + "\n"
                             : "AFTER UPDATE OF " + column + " ON " + table + "\n";
-  text += "WHEN " + fresh + "\n       IS NOT " + storedForm(fresh) + "\n";
-  text += "  OR " + fresh + " NOT " + std::string(kSmalldatetimeRange) + "\n";
-  text += "BEGIN\n";
-  text += "  SELECT RAISE(ABORT, '" + std::string(kUnreadableDate) + "')\n";
+  text += "WHEN " + when(fresh) + "\n";
+  text += "BEGIN\n" + body(fresh, column);
+  text += "  UPDATE " + table + "\n";
+  text += "  SET " + column + " = ";
+  text += c.type == SqlType::Smalldatetime ? storedForm(column) : "CAST(" + column + " AS INTEGER)";
+  text += "\n  WHERE rowid = NEW.rowid;\n";
+  text += "END;\n";
+  return text;
+}
+
+std::string dateNeedsWork(const std::string& fresh) {
+  return fresh + "\n       IS NOT " + storedForm(fresh) + "\n  OR " + fresh + " NOT " +
+         std::string(kSmalldatetimeRange);
+}
+
+std::string dateChecks(const std::string& fresh, const std::string&) {
+  std::string text = "  SELECT RAISE(ABORT, '" + std::string(kUnreadableDate) + "')\n";
   text += "  WHERE " + storedForm(fresh) + " IS NULL;\n";
   text += "  SELECT RAISE(ABORT,\n    '" + std::string(kDateOutOfRange) + "')\n";
   text += "  WHERE " + storedForm(fresh) + "\n";
   text += "    NOT " + std::string(kSmalldatetimeRange) + ";\n";
-  text += "  UPDATE " + table + "\n";
-  text += "  SET " + column + " = " + storedForm(column) + "\n";
-  text += "  WHERE rowid = NEW.rowid;\n";
-  text += "END;\n";
   return text;
+}
+
+std::string intNeedsWork(const std::string& fresh) {
+  return "typeof(" + fresh + ") = 'real'\n  OR " + fresh + " NOT " + std::string(kIntRange);
+}
+
+std::string intChecks(const std::string& fresh, const std::string&) {
+  return "  SELECT RAISE(ABORT, '" + std::string(kIntOverflow) + "')\n  WHERE " + fresh + " NOT " +
+         std::string(kIntRange) + ";\n";
 }
 
 std::string sqliteDdl() {
@@ -235,8 +270,17 @@ std::string sqliteDdl() {
   for (const Table* t : order) {
     for (const Column& c : t->columns) {
       if (c.type != SqlType::Smalldatetime) continue;
-      text += "\n" + sqliteDateTrigger(*t, c, "insert");
-      text += "\n" + sqliteDateTrigger(*t, c, "update");
+      for (const char* event : {"insert", "update"})
+        text += "\n" + sqliteColumnTrigger(*t, c, event, "a date", dateNeedsWork, dateChecks);
+    }
+  }
+  text += "\n";
+  text += kIntTriggersComment;
+  for (const Table* t : order) {
+    for (const Column& c : t->columns) {
+      if (c.type != SqlType::Int) continue;
+      for (const char* event : {"insert", "update"})
+        text += "\n" + sqliteColumnTrigger(*t, c, event, "an int", intNeedsWork, intChecks);
     }
   }
   text += "\nCOMMIT;\n";

@@ -111,6 +111,13 @@ TEST(UnicodeLiteral, LosesItsPrefixAndNothingElse) {
             "UPDATE [User] SET [Bio] =  'x' WHERE [UserName] =  'O' 'Brien'");
 }
 
+TEST(TrueAndFalse, AreNamesAsOnSqlServer) {
+  EXPECT_EQ(dialectOf("INSERT INTO [ZonePool] ([Zone], [Address]) VALUES ('z', True)"),
+            "INSERT INTO [ZonePool] ([Zone], [Address]) VALUES ('z', [True])");
+  EXPECT_EQ(dialectOf("SELECT * FROM [Zone] WHERE Test = false OR 'true' = [true]"),
+            "SELECT * FROM [Zone] WHERE Test = [false] OR 'true' = [true]");
+}
+
 TEST(NulCharacters, AreSpelledOutInsideTheirLiteral) {
   using namespace std::string_literals;
   EXPECT_EQ(dialectOf("UPDATE [User] SET [Bio] = N'a\0b''\0' WHERE [UserName] = 'x'"s),

@@ -5,6 +5,7 @@
 
 #include "support/captured_events.h"
 #include "support/temp_register.h"
+#include "varnock/conversions.h"
 #include "varnock/sql_trace.h"
 #include "varnock/varnock.h"
 
@@ -194,6 +195,48 @@ TEST_F(RegisterWriting, AKeyThatReadsAsTwoLiteralsNeverReachesAnotherRow) {
   connect(back);
   ASSERT_TRUE(back.GetUser("UserName = 'O''Brien'"));
   EXPECT_EQ(back.get_Password(), Variant("secret"));
+}
+
+TEST_F(RegisterWriting, IntColumnsHoldWhatSqlServersIntHolds) {
+  Zone zone;
+  connect(zone);
+  zone.put_Zone("North");
+  zone.put_Test(false);
+  ASSERT_TRUE(zone.AddZone());
+  ZonePool pool;
+  connect(pool);
+  pool.put_Zone("North");
+  // Beyond int's range, or a boolean: refused through the error path.
+  for (const Variant& refused : {Variant(2147483648.0), Variant(-2147483649.0), Variant(1e308),
+                                 Variant("2147483648"), Variant(true)}) {
+    SCOPED_TRACE(toText(refused));
+    pool.put_Address(refused);
+    ASSERT_EQ(pool.get_Address(), refused);  // the column's own check lets it through
+    EXPECT_FALSE(pool.AddZonePool());
+    EXPECT_EQ(events_.last().source, "AddZonePool");
+    EXPECT_EQ(pool.GetLastErrorMessage(),
+              refused.type() == Variant::Type::Boolean
+                  ? "no such column: True"
+                  : "Arithmetic overflow error converting expression to data type int.");
+  }
+  EXPECT_EQ(pool.CountEveryZonePool(), 0);
+  // The ends of the range are kept; a fraction is cut towards zero.
+  for (const Variant& kept : {Variant(2147483647), Variant(-2147483647 - 1), Variant(-2.75)}) {
+    pool.put_Address(kept);
+    ASSERT_TRUE(pool.AddZonePool()) << pool.GetLastErrorMessage();
+  }
+  std::vector<Variant> stored;
+  const auto rows = pool.GetEveryZonePool("", "Address");
+  for (const Variant& item : *rows) {
+    stored.push_back(std::dynamic_pointer_cast<ZonePool>(item.asObject())->get_Address());
+  }
+  EXPECT_EQ(stored,
+            (std::vector<Variant>{Variant(std::int32_t{-2147483647 - 1}), Variant(std::int32_t{-2}),
+                                  Variant(std::int32_t{2147483647})}));
+  // A change is held to the same range.
+  EXPECT_THROW(register_.run({"UPDATE [ZonePool] SET [Address] = 4000000000 WHERE Address = -2"}),
+               AutomationError);
+  EXPECT_EQ(pool.CountEveryZonePool("Address = -2"), 1);
 }
 
 TEST_F(RegisterWriting, TextsHoldingNulCharactersAreStoredAndReadBackWhole) {

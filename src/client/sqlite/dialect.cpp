@@ -33,6 +33,12 @@ void spellOutNulCharacters(std::vector<Token>& tokens) {
 std::string toSqliteDialect(std::string_view statement, const RegisterSchema& schema) {
   std::vector<Token> tokens = tokenize(statement);
   for (Token& t : tokens) {
+    // TRUE and FALSE are no literals on SQL Server but names, which it
+    // refuses as columns it does not know; SQLite would read them as 1 and 0.
+    if (isKeyword(t, "true") || isKeyword(t, "false")) {
+      t = {Token::Kind::QuotedName, "[" + t.text + "]"};
+      continue;
+    }
     // SQL Server's Unicode literal; SQLite's literals are Unicode already.
     // The N becomes a blank, not nothing: 'O'N'Brien' is two literals, and
     // must not become the one literal 'O''Brien'.
