@@ -74,12 +74,12 @@ const Variant& RecordInternal::column(const Record& record, std::size_t position
   return record.values_[position];
 }
 
-void RecordInternal::assign(Record& record, std::size_t position, const Variant& value) {
+void RecordInternal::assign(Record& record, std::size_t position, Variant value) {
   checkPosition(position, record.values_.size());
   const catalogue::Column& column = record.table_->columns[position];
   if (value.isNull()) {
     if (!column.nullRefused) {
-      record.values_[position] = value;
+      record.values_[position] = std::move(value);
       record.lastError_.clear();  // the one assignment that clears the message
       return;
     }
@@ -88,7 +88,7 @@ void RecordInternal::assign(Record& record, std::size_t position, const Variant&
     return;
   }
   if (KIRNA_utility::passes(typeClassOf(column.type), value)) {
-    record.values_[position] = value;
+    record.values_[position] = std::move(value);
     return;
   }
   record.lastError_ =

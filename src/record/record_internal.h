@@ -26,7 +26,9 @@ class RecordInternal {
   // never raises; it sets the last error message, writes one event and
   // leaves the column as it was. Raises only when that event cannot be
   // written, or (error 5) for an out-of-range position.
-  static void assign(Record& record, std::size_t position, const Variant& value);
+  // Taken by value, so that a value read for the column (a row's field) is
+  // moved in rather than copied.
+  static void assign(Record& record, std::size_t position, Variant value);
 
   static const std::vector<Variant>& values(const Record& record) noexcept {
     return record.values_;

@@ -6,16 +6,6 @@
 
 namespace varnock::sql {
 
-std::string doubledApostrophes(std::string_view text) {
-  std::string out;
-  out.reserve(text.size() + 2);
-  for (const char c : text) {
-    out.push_back(c);
-    if (c == '\'') out.push_back('\'');
-  }
-  return out;
-}
-
 std::string twoDigits(std::string_view text) {
   if (text.empty()) return "00";
   if (text.size() == 1) return "0" + std::string(text);

@@ -1,6 +1,6 @@
-// How the writers turn column values into SQL text: apostrophes doubled in
-// written texts, the date text, bits as 1 or 0, two-digit padding, and the
-// trailing separator cut by a fixed count.
+// How the writers turn column values into SQL text: the date text, bits as 1
+// or 0, two-digit padding, and the trailing separator cut by a fixed count.
+// Texts are quoted, apostrophes doubled, as the statements are joined.
 #pragma once
 
 #include <optional>
@@ -10,9 +10,6 @@
 #include "varnock/variant.h"
 
 namespace varnock::sql {
-
-// Every "'" written as "''".
-std::string doubledApostrophes(std::string_view text);
 
 // "" -> "00", one character -> "0" + it, longer texts unchanged.
 std::string twoDigits(std::string_view text);

@@ -20,8 +20,7 @@ std::vector<Variant> nulls(std::string_view name) {
   return std::vector<Variant>(table(name).columns.size(), Variant::null());
 }
 
-TEST(Literals, ApostrophesDatesBitsAndPadding) {
-  EXPECT_EQ(doubledApostrophes("O'Brien's"), "O''Brien''s");
+TEST(Literals, DatesBitsAndPadding) {
   EXPECT_EQ(twoDigits(""), "00");
   EXPECT_EQ(twoDigits("7"), "07");
   EXPECT_EQ(twoDigits("123"), "123");

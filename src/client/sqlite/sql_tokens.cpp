@@ -91,52 +91,64 @@ std::string undoubled(std::string_view inner, char quote) {
 
 }  // namespace
 
+TokenSpan nextToken(std::string_view sql, std::size_t at) {
+  const std::size_t i = at;
+  const char c = sql[i];
+  const char next = i + 1 < sql.size() ? sql[i + 1] : '\0';
+  Token::Kind kind = Token::Kind::Symbol;
+  std::size_t end = i + 1;
+  if (isSpace(c)) {
+    kind = Token::Kind::Space;
+    while (end < sql.size() && isSpace(sql[end]))
+      ++end;
+  } else if (c == '-' && next == '-') {
+    kind = Token::Kind::Comment;
+    end = sql.find('\n', i);
+    if (end == std::string_view::npos) end = sql.size();
+  } else if (c == '/' && next == '*') {
+    kind = Token::Kind::Comment;
+    end = sql.find("*/", i + 2);
+    end = end == std::string_view::npos ? sql.size() : end + 2;
+  } else if (c == '\'') {
+    kind = Token::Kind::String;
+    end = endOfQuoted(sql, i, '\'');
+  } else if ((c == 'N' || c == 'n') && next == '\'') {
+    kind = Token::Kind::String;
+    end = endOfQuoted(sql, i + 1, '\'');
+  } else if (c == '[') {
+    kind = Token::Kind::QuotedName;
+    end = endOfQuoted(sql, i, ']');
+  } else if (c == '"' || c == '`') {
+    kind = Token::Kind::QuotedName;
+    end = endOfQuoted(sql, i, c);
+  } else if (isDigit(c) || (c == '.' && isDigit(next))) {
+    kind = Token::Kind::Number;
+    end = endOfNumber(sql, i);
+  } else if (startsWord(c)) {
+    kind = Token::Kind::Word;
+    while (end < sql.size() && continuesWord(sql[end]))
+      ++end;
+  } else {
+    end = endOfSymbol(sql, i);
+  }
+  return {kind, end};
+}
+
 std::vector<Token> tokenize(std::string_view sql) {
   std::vector<Token> tokens;
-  std::size_t i = 0;
-  while (i < sql.size()) {
-    const char c = sql[i];
-    const char next = i + 1 < sql.size() ? sql[i + 1] : '\0';
-    Token::Kind kind = Token::Kind::Symbol;
-    std::size_t end = i + 1;
-    if (isSpace(c)) {
-      kind = Token::Kind::Space;
-      while (end < sql.size() && isSpace(sql[end]))
-        ++end;
-    } else if (c == '-' && next == '-') {
-      kind = Token::Kind::Comment;
-      end = sql.find('\n', i);
-      if (end == std::string_view::npos) end = sql.size();
-    } else if (c == '/' && next == '*') {
-      kind = Token::Kind::Comment;
-      end = sql.find("*/", i + 2);
-      end = end == std::string_view::npos ? sql.size() : end + 2;
-    } else if (c == '\'') {
-      kind = Token::Kind::String;
-      end = endOfQuoted(sql, i, '\'');
-    } else if ((c == 'N' || c == 'n') && next == '\'') {
-      kind = Token::Kind::String;
-      end = endOfQuoted(sql, i + 1, '\'');
-    } else if (c == '[') {
-      kind = Token::Kind::QuotedName;
-      end = endOfQuoted(sql, i, ']');
-    } else if (c == '"' || c == '`') {
-      kind = Token::Kind::QuotedName;
-      end = endOfQuoted(sql, i, c);
-    } else if (isDigit(c) || (c == '.' && isDigit(next))) {
-      kind = Token::Kind::Number;
-      end = endOfNumber(sql, i);
-    } else if (startsWord(c)) {
-      kind = Token::Kind::Word;
-      while (end < sql.size() && continuesWord(sql[end]))
-        ++end;
-    } else {
-      end = endOfSymbol(sql, i);
-    }
-    tokens.push_back({kind, std::string(sql.substr(i, end - i))});
-    i = end;
+  for (std::size_t i = 0; i < sql.size();) {
+    const TokenSpan span = nextToken(sql, i);
+    tokens.push_back({span.kind, std::string(sql.substr(i, span.end - i))});
+    i = span.end;
   }
   return tokens;
+}
+
+std::string stringValue(std::string_view literal) {
+  std::string_view t = literal;
+  if (!t.empty() && t.front() != '\'') t.remove_prefix(1);  // the N of N'text' (or its blank)
+  const bool closed = t.size() >= 2 && t.back() == '\'';
+  return undoubled(t.substr(1, t.size() - (closed ? 2 : 1)), '\'');
 }
 
 std::string joinTokens(const std::vector<Token>& tokens) {
@@ -171,10 +183,7 @@ std::string nameOf(const Token& token) {
 }
 
 std::string stringValue(const Token& token) {
-  std::string_view t = token.text;
-  if (!t.empty() && t.front() != '\'') t.remove_prefix(1);  // the N of N'text'
-  const bool closed = t.size() >= 2 && t.back() == '\'';
-  return undoubled(t.substr(1, t.size() - (closed ? 2 : 1)), '\'');
+  return stringValue(token.text);
 }
 
 std::string quoted(std::string_view text) {

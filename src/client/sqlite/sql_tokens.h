@@ -25,6 +25,14 @@ struct Token {
   std::string text;
 };
 
+// Where the token that starts at `at` ends, and what it is; for scanning a
+// statement without copying it. `at` must be inside the text.
+struct TokenSpan {
+  Token::Kind kind;
+  std::size_t end;
+};
+TokenSpan nextToken(std::string_view sql, std::size_t at);
+
 std::vector<Token> tokenize(std::string_view sql);
 std::string joinTokens(const std::vector<Token>& tokens);
 
@@ -39,6 +47,7 @@ bool isSymbol(const Token& token, std::string_view symbol) noexcept;
 std::string nameOf(const Token& token);
 // The text a String stands for: "'O''Brien'" is "O'Brien".
 std::string stringValue(const Token& token);
+std::string stringValue(std::string_view literal);
 // A String token for a text, with its apostrophes doubled.
 std::string quoted(std::string_view text);
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "client/sqlite/dialect.h"
+#include "client/sqlite/large_literals.h"
 #include "client/sqlite/sqlite_errors.h"
 #include "client/sqlite/sqlite_recordset.h"
 
@@ -67,6 +68,20 @@ std::string failureText(sqlite3* db) {
   return text;
 }
 
+// A statement without result columns runs to its end within execute(), while
+// the literals' texts are there: SQLite reads them where they are. Rows are
+// read later, so a query gets copies.
+void bindLargeLiterals(sqlite3_stmt* statement, const LargeLiterals& large) {
+  const auto lifetime = sqlite3_column_count(statement) == 0 ? SQLITE_STATIC : SQLITE_TRANSIENT;
+  int position = 0;
+  for (const std::string_view value : large.values()) {
+    if (sqlite3_bind_text64(statement, ++position, value.data(), value.size(), lifetime,
+                            SQLITE_UTF8) != SQLITE_OK) {
+      fail(kCommandFailed, sqlite3_errmsg(sqlite3_db_handle(statement)));
+    }
+  }
+}
+
 }  // namespace
 
 DatabaseHandle openDatabase(const std::string& dataSource) {
@@ -90,7 +105,9 @@ SqliteConnection::SqliteConnection(const std::string& path) {
 
 std::unique_ptr<Recordset> SqliteConnection::execute(std::string_view statement) {
   if (!db_) fail(kConnectionClosed, kConnectionClosedText);
-  const std::string sql = toSqliteDialect(statement, *schema_);
+  const LargeLiterals large(statement);
+  const std::string sql =
+      toSqliteDialect(large.any() ? std::string_view(large.statement()) : statement, *schema_);
   sqlite3_stmt* raw = nullptr;
   const char* tail = nullptr;
   const int prepared =
@@ -102,6 +119,7 @@ std::unique_ptr<Recordset> SqliteConnection::execute(std::string_view statement)
          "The command text holds more than one statement; the register runs one at a time.");
   }
   if (!compiled) fail(kCommandFailed, "The command text holds no statement.");
+  bindLargeLiterals(compiled.get(), large);
   const int stepped = sqlite3_step(compiled.get());
   if (stepped != SQLITE_ROW && stepped != SQLITE_DONE) fail(kCommandFailed, failureText(db_.get()));
   return std::make_unique<SqliteRecordset>(db_, std::move(compiled), stepped == SQLITE_ROW);
