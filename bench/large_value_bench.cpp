@@ -132,10 +132,10 @@ int main(int argc, char** argv) {
   varnock::setEventLog("stderr");
   return varnock::bench::runComparisons(
       argc, argv, {},
-      {{"BM_AddUserWithALargeBio", "BM_OneCopyOfTheValue", "peak_bytes", 3.0,
-        "a 100 MB text, written (date triggers on the table)"},
-       {"BM_AddGroupCodeWithALargeComment", "BM_OneCopyOfTheValue", "peak_bytes", 3.0,
-        "a 100 MB text, written"},
-       {"BM_GetUserWithALargeBio", "BM_OneCopyOfTheValue", "peak_bytes", 3.0,
-        "a 100 MB text, read back"}});
+      {{"BM_AddUserWithALargeBio/iterations:2", "BM_OneCopyOfTheValue/iterations:2", "peak_bytes",
+        3.0, "a 100 MB text, written (date triggers on the table)"},
+       {"BM_AddGroupCodeWithALargeComment/iterations:2", "BM_OneCopyOfTheValue/iterations:2",
+        "peak_bytes", 3.0, "a 100 MB text, written"},
+       {"BM_GetUserWithALargeBio/iterations:2", "BM_OneCopyOfTheValue/iterations:2", "peak_bytes",
+        3.0, "a 100 MB text, read back"}});
 }

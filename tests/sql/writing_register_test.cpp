@@ -259,6 +259,31 @@ TEST_F(RegisterWriting, TextsHoldingNulCharactersAreStoredAndReadBackWhole) {
   EXPECT_EQ(back.CountEveryUser(), 0);
 }
 
+TEST_F(RegisterWriting, LargeTextsAreWrittenComparedAndReadBackExactly) {
+  using namespace std::string_literals;
+  // Larger than any literal kept in a statement's text, with an apostrophe
+  // and a NUL in one of them.
+  const std::string plain(300 * 1024, 'p');
+  const std::string odd = std::string(200 * 1024, 'q') + "O'Brien\0end"s;
+  User user;
+  fillUser(user, "large");
+  user.put_Bio(plain);
+  user.put_AuthorisationMessage(odd);
+  ASSERT_TRUE(user.AddUser()) << user.GetLastErrorMessage();
+  User back;
+  connect(back);
+  back.put_Username("large");
+  ASSERT_TRUE(back.GetUser()) << back.GetLastErrorMessage();
+  EXPECT_TRUE(back.get_Bio() == Variant(plain));
+  EXPECT_TRUE(back.get_AuthorisationMessage() == Variant(odd));
+  // A large literal in a condition is the same text as the value stored.
+  std::string escaped;
+  for (const char c : odd)
+    escaped += c == '\'' ? "''" : std::string(1, c);
+  EXPECT_EQ(back.CountEveryUser("Bio = '" + plain + "'"), 1);
+  EXPECT_EQ(back.CountEveryUser("AuthorisationMessage = '" + escaped + "'"), 1);
+}
+
 TEST_F(RegisterWriting, DeleteByKeyChecksFirstAndReloadsTheObject) {
   GroupCode group;
   connect(group);
