@@ -1,5 +1,6 @@
 // The INSERT, UPDATE and DELETE texts, rendered from column values.
 #include <algorithm>
+#include <optional>
 #include <variant>
 #include <vector>
 
@@ -88,6 +89,34 @@ class Rendered {
   bool quoted_ = false;
 };
 
+constexpr bool kInserting = true;
+constexpr bool kUpdating = false;
+
+// A value that is not Null, as insert or update writes it: insert writes a
+// date with its meridiem and leaves out (nullopt) one of day 0 or earlier;
+// update writes NULL for such a date, for an empty text in a date column and
+// for an int whose text is empty.
+std::optional<Rendered> renderedValue(const Column& c, const Variant& v, bool inserting) {
+  switch (c.type) {
+    case SqlType::Smalldatetime: {
+      const auto date = dateText(v, inserting);
+      if (inserting && !date) return std::nullopt;
+      if (!inserting && (!date || textOf(v).empty())) return Rendered::plain("NULL");
+      return Rendered::plain("'" + *date + "'");
+    }
+    case SqlType::Int: {
+      std::string number = toText(v);
+      return Rendered::plain(!inserting && number.empty() ? "NULL" : std::move(number));
+    }
+    case SqlType::Bit:
+      return Rendered::plain(std::string(bitText(v)));
+    case SqlType::Nvarchar:
+    case SqlType::Ntext:
+      return Rendered::quoted(v);
+  }
+  return std::nullopt;
+}
+
 // The pieces of a statement, joined into one string of the exact size.
 std::string joined(const std::vector<std::variant<std::string_view, const Rendered*>>& pieces) {
   std::size_t size = 0;
@@ -117,24 +146,9 @@ std::string insert(const catalogue::Table& t, const std::vector<Variant>& values
     const Column& c = t.columns[i];
     const Variant& v = values[i];
     if (v.isNull()) continue;
-    switch (c.type) {
-      case SqlType::Smalldatetime: {
-        const auto date = dateText(v, true);
-        if (!date) continue;  // day 0 and earlier count as no date
-        rendered.push_back(Rendered::plain("'" + *date + "'"));
-        break;
-      }
-      case SqlType::Int:
-        rendered.push_back(Rendered::plain(toText(v)));
-        break;
-      case SqlType::Bit:
-        rendered.push_back(Rendered::plain(std::string(bitText(v))));
-        break;
-      case SqlType::Nvarchar:
-      case SqlType::Ntext:
-        rendered.push_back(Rendered::quoted(v));
-        break;
-    }
+    std::optional<Rendered> value = renderedValue(c, v, kInserting);
+    if (!value) continue;
+    rendered.push_back(std::move(*value));
     columns.append(bracketed(c)).append(", ");
   }
   columns = withoutLast(std::move(columns), 2);
@@ -157,30 +171,8 @@ std::string update(const catalogue::Table& t, const std::vector<Variant>& values
     const Variant& v = values[i];
     if (isKey(t, i)) where.append(bracketed(c)).append(" = '").append(textOf(v)).append("' AND ");
     names.push_back(bracketed(c) + " = ");
-    if (v.isNull()) {
-      rendered.push_back(Rendered::plain("NULL"));
-      continue;
-    }
-    switch (c.type) {
-      case SqlType::Smalldatetime: {
-        const auto date = dateText(v, false);
-        rendered.push_back(
-            Rendered::plain(date && !textOf(v).empty() ? "'" + *date + "'" : "NULL"));
-        break;
-      }
-      case SqlType::Int: {
-        std::string number = toText(v);
-        rendered.push_back(Rendered::plain(number.empty() ? "NULL" : std::move(number)));
-        break;
-      }
-      case SqlType::Bit:
-        rendered.push_back(Rendered::plain(std::string(bitText(v))));
-        break;
-      case SqlType::Nvarchar:
-      case SqlType::Ntext:
-        rendered.push_back(Rendered::quoted(v));
-        break;
-    }
+    rendered.push_back(v.isNull() ? Rendered::plain("NULL")
+                                  : std::move(*renderedValue(c, v, kUpdating)));
   }
   where = withoutLast(std::move(where), 5);
   const std::string head = "UPDATE " + tableRef(t) + " SET ";
