@@ -260,27 +260,32 @@ std::string intChecks(const std::string& fresh, const std::string&) {
          std::string(kIntRange) + ";\n";
 }
 
+// The triggers that keep the columns of one SQL type in their stored form.
+struct ColumnTriggers {
+  SqlType type;
+  std::string_view comment;
+  std::string_view keeps;
+  std::string (*when)(const std::string& fresh);
+  std::string (*body)(const std::string& fresh, const std::string& column);
+};
+
 std::string sqliteDdl() {
   const std::vector<const Table*> order = creationOrder();
   std::string text(kSqliteHeader);
   for (const Table* t : order)
     text += "\n" + sqliteTable(*t);
-  text += "\n";
-  text += kDateTriggersComment;
-  for (const Table* t : order) {
-    for (const Column& c : t->columns) {
-      if (c.type != SqlType::Smalldatetime) continue;
-      for (const char* event : {"insert", "update"})
-        text += "\n" + sqliteColumnTrigger(*t, c, event, "a date", dateNeedsWork, dateChecks);
-    }
-  }
-  text += "\n";
-  text += kIntTriggersComment;
-  for (const Table* t : order) {
-    for (const Column& c : t->columns) {
-      if (c.type != SqlType::Int) continue;
-      for (const char* event : {"insert", "update"})
-        text += "\n" + sqliteColumnTrigger(*t, c, event, "an int", intNeedsWork, intChecks);
+  for (const ColumnTriggers& kind :
+       {ColumnTriggers{SqlType::Smalldatetime, kDateTriggersComment, "a date", dateNeedsWork,
+                       dateChecks},
+        ColumnTriggers{SqlType::Int, kIntTriggersComment, "an int", intNeedsWork, intChecks}}) {
+    text += "\n";
+    text += kind.comment;
+    for (const Table* t : order) {
+      for (const Column& c : t->columns) {
+        if (c.type != kind.type) continue;
+        for (const char* event : {"insert", "update"})
+          text += "\n" + sqliteColumnTrigger(*t, c, event, kind.keeps, kind.when, kind.body);
+      }
     }
   }
   text += "\nCOMMIT;\n";
