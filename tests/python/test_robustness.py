@@ -178,5 +178,19 @@ class ThreadTest(unittest.TestCase):
         self.assertEqual(errors, [OVERFLOW] * 4)
 
 
+class ReleaseTest(unittest.TestCase):
+    def test_deeply_nested_containers_are_released(self):
+        # Far deeper than a stack holds one destructor per level.
+        outer = varnock.Dictionary()
+        level = outer
+        for _ in range(200000):
+            collection, inner = varnock.Collection(), varnock.Dictionary()
+            collection.Add(inner)
+            level.Add("next", collection)
+            level = inner
+        del level, collection, inner
+        del outer  # the process would end here if release recursed
+
+
 if __name__ == "__main__":
     unittest.main()
