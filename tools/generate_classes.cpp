@@ -24,19 +24,9 @@ using varnock::catalogue::MemberRole;
 using varnock::catalogue::RelationKind;
 using varnock::catalogue::Table;
 
-// "ZoneAddress" -> "zone_address"
+// The header of a table's class, by its name ("ZoneAddress" -> "zone_address").
 std::string fileStem(std::string_view name) {
-  std::string stem;
-  for (std::size_t i = 0; i < name.size(); ++i) {
-    const char c = name[i];
-    if (c >= 'A' && c <= 'Z') {
-      if (i > 0) stem.push_back('_');
-      stem.push_back(static_cast<char>(c - 'A' + 'a'));
-    } else {
-      stem.push_back(c);
-    }
-  }
-  return stem;
+  return varnock::catalogue::table(name).fileStem;
 }
 
 // One C++ member function: how it is declared in the class (with defaults),

@@ -27,6 +27,10 @@ void complete(Table& t) {
   t.interfaceName = "_" + std::string(t.name);
   // ErrorLog and LogFile have no navigation column, so their order is " DESC".
   t.defaultOrder = std::string(t.navigationColumn) + " DESC";
+  for (std::size_t i = 0; i < t.name.size(); ++i) {
+    if (i > 0 && t.name[i] >= 'A' && t.name[i] <= 'Z') t.fileStem.push_back('_');
+    t.fileStem.push_back(lowerCaseOf(t.name[i]));
+  }
   for (const Column& c : t.columns) {
     t.nameList.append(c.field);
     t.nameList.push_back('\0');

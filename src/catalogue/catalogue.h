@@ -69,6 +69,7 @@ struct Table {
   std::string progId;                   // "Varnock.User"
   std::string interfaceName;            // "_User"
   std::string defaultOrder;             // navigation column + " DESC"
+  std::string fileStem;                 // "zone_address": the class's header is varnock/<stem>.h
   std::string nameList;                 // each field name followed by NUL
   std::vector<std::string> matchNames;  // property names in lower case
   std::vector<Member> members;          // the dispatch interface, in order

@@ -146,13 +146,13 @@ Table keyed(std::string_view name, std::span<const Column> columns,
             std::string_view classId, std::string_view interfaceId) {
   return Table{name,      columns, key,         false, columns[key[0]].field,
                relations, classId, interfaceId, {},    {},
-               {},        {},      {},          {}};
+               {},        {},      {},          {},    {}};
 }
 
 Table wholeRow(std::string_view name, std::span<const Column> columns,
                std::span<const std::uint8_t> key, std::string_view classId,
                std::string_view interfaceId) {
-  return Table{name, columns, key, true, {}, {}, classId, interfaceId, {}, {}, {}, {}, {}, {}};
+  return Table{name, columns, key, true, {}, {}, classId, interfaceId, {}, {}, {}, {}, {}, {}, {}};
 }
 
 std::vector<Table> buildTables() {

@@ -17,6 +17,7 @@
 #include "client/back_ends.h"
 #include "client/client.h"
 #include "client/connection_string.h"
+#include "support/failure_of.h"
 #include "varnock/automation_error.h"
 #include "varnock/conversions.h"
 
@@ -25,16 +26,7 @@ namespace {
 
 using Rows = std::vector<Row>;
 
-// The failure a call raises; fails the case when it raises none.
-AutomationError failureOf(const std::function<void()>& call) {
-  try {
-    call();
-  } catch (const AutomationError& e) {
-    return e;
-  }
-  ADD_FAILURE() << "no failure";
-  return AutomationError(0, "", "");
-}
+using testing::raisedBy;
 
 // The connection string with its Provider value replaced, or dropped for
 // nullopt; the other keys stay as they were.
@@ -62,10 +54,10 @@ std::vector<Variant> column(Recordset& rows, std::string_view field) {
 // Rows at their end refuse to move on and to read `field`, one of theirs.
 void expectNoCurrentRecord(Recordset& rows, std::string_view field) {
   EXPECT_TRUE(rows.eof());
-  const AutomationError read = failureOf([&] { rows.field(field); });
+  const AutomationError read = raisedBy([&] { rows.field(field); });
   EXPECT_EQ(read.number(), kNoCurrentRecord);
   EXPECT_EQ(read.description(), kNoCurrentRecordText);
-  const AutomationError moved = failureOf([&] { rows.moveNext(); });
+  const AutomationError moved = raisedBy([&] { rows.moveNext(); });
   EXPECT_EQ(moved.number(), kNoCurrentRecord);
   EXPECT_EQ(moved.description(), kNoCurrentRecordText);
   EXPECT_TRUE(rows.eof());
@@ -92,7 +84,7 @@ class ProviderConformance : public ::testing::Test {
   // The failure of a statement the database refuses.
   AutomationError rejection(std::string_view statement) {
     backEnd_.expectFailure(statement);
-    return failureOf([&] { connection_->execute(statement); });
+    return raisedBy([&] { connection_->execute(statement); });
   }
 
   void addCountries(std::initializer_list<const char*> names) {
@@ -130,7 +122,7 @@ TYPED_TEST(ProviderConformance, OpensWhateverTheCaseOrVersionOfItsProviderName) 
 
 TYPED_TEST(ProviderConformance, AnUnknownProviderIsNotFound) {
   const std::string given = this->backEnd_.connectionString();
-  const AutomationError unknown = failureOf([&] { open(withProvider(given, "Nowhere")); });
+  const AutomationError unknown = raisedBy([&] { open(withProvider(given, "Nowhere")); });
   EXPECT_EQ(unknown.number(), kProviderNotFound);
   EXPECT_EQ(unknown.description(),
             "Provider cannot be found. It may not be properly installed. (Provider=Nowhere is not "
@@ -138,14 +130,13 @@ TYPED_TEST(ProviderConformance, AnUnknownProviderIsNotFound) {
   EXPECT_FALSE(unknown.source().empty());
   // A name that only begins like a provider's is another name.
   const std::string name = ConnectionString(given).get("Provider").value_or("");
-  EXPECT_EQ(failureOf([&] { open(withProvider(given, name + "x")); }).number(), kProviderNotFound);
-  EXPECT_EQ(failureOf([&] { open(withProvider(given, std::nullopt)); }).number(),
-            kProviderNotFound);
+  EXPECT_EQ(raisedBy([&] { open(withProvider(given, name + "x")); }).number(), kProviderNotFound);
+  EXPECT_EQ(raisedBy([&] { open(withProvider(given, std::nullopt)); }).number(), kProviderNotFound);
 }
 
 TYPED_TEST(ProviderConformance, AFailedOpenRaisesTheProvidersOwnFailure) {
   const AutomationError failed =
-      failureOf([&] { open(this->backEnd_.unopenableConnectionString()); });
+      raisedBy([&] { open(this->backEnd_.unopenableConnectionString()); });
   EXPECT_EQ(failed.number(), TypeParam::kCannotOpenNumber);
   EXPECT_EQ(failed.source(), TypeParam::kSource);
   EXPECT_FALSE(failed.description().empty());
@@ -157,7 +148,7 @@ TYPED_TEST(ProviderConformance, AStatementWithoutRowsIsAtItsEndAtOnce) {
   // A write's rows have no fields, so only moving on is asked of them.
   auto inserted = this->run("INSERT INTO [Country] ([Country]) VALUES ('Chad')");
   EXPECT_TRUE(inserted->eof());
-  EXPECT_EQ(failureOf([&] { inserted->moveNext(); }).number(), kNoCurrentRecord);
+  EXPECT_EQ(raisedBy([&] { inserted->moveNext(); }).number(), kNoCurrentRecord);
   EXPECT_TRUE(inserted->eof());
   EXPECT_TRUE(this->run("UPDATE [Country] SET Country = 'Peru' WHERE Country = 'Nowhere'")->eof());
   auto none = this->run("SELECT * FROM [Country] WHERE Country = 'Nowhere'");
@@ -220,7 +211,7 @@ TYPED_TEST(ProviderConformance, AnUnknownFieldIsNotFoundAndTheRowStaysReadable) 
   auto rows = this->run("SELECT * FROM [Country]", {{{"Country", "Chad"}}});
   ASSERT_FALSE(rows->eof());
   for (const char* name : {"Countries", "Countr", "", "Country ", "CountryCountry"}) {
-    const AutomationError unknown = failureOf([&] { rows->field(name); });
+    const AutomationError unknown = raisedBy([&] { rows->field(name); });
     EXPECT_EQ(unknown.number(), kItemNotFound) << '"' << name << '"';
     EXPECT_EQ(unknown.description(), kItemNotFoundText) << '"' << name << '"';
   }
@@ -321,7 +312,7 @@ TYPED_TEST(ProviderConformance, ClosingTwiceIsHarmlessAndEndsExecution) {
   this->connection_->close();
   // Nothing reaches the database, so nothing is announced.
   const AutomationError closed =
-      failureOf([&] { this->connection_->execute("SELECT * FROM [Country]"); });
+      raisedBy([&] { this->connection_->execute("SELECT * FROM [Country]"); });
   EXPECT_EQ(closed.number(), kConnectionClosed);
   EXPECT_EQ(closed.description(), kConnectionClosedText);
   // Another connection to the same register is untouched.

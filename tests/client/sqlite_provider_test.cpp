@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "client/client.h"
+#include "support/failure_of.h"
 #include "support/temp_register.h"
 #include "varnock/automation_error.h"
 #include "varnock/conversions.h"
@@ -38,18 +39,8 @@ class SqliteProvider : public ::testing::Test {
     return rows->field(field);
   }
 
-  // The failure a call raises; fails the test when it raises none.
-  static AutomationError failureOf(const std::function<void()>& call) {
-    try {
-      call();
-    } catch (const AutomationError& e) {
-      return e;
-    }
-    ADD_FAILURE() << "no failure";
-    return AutomationError(0, "", "");
-  }
   AutomationError refusal(const std::string& statement) {
-    return failureOf([&] { run(statement); });
+    return testing::raisedBy([&] { run(statement); });
   }
 
   void addCountries() {

@@ -59,20 +59,6 @@ std::set<std::string> reachable(const std::string& layer) {
   return seen;
 }
 
-std::string stemOf(std::string_view name) {
-  std::string stem;
-  for (std::size_t i = 0; i < name.size(); ++i) {
-    const char c = name[i];
-    if (c >= 'A' && c <= 'Z') {
-      if (i > 0) stem.push_back('_');
-      stem.push_back(static_cast<char>(c - 'A' + 'a'));
-    } else {
-      stem.push_back(c);
-    }
-  }
-  return stem;
-}
-
 // The layer that implements a public header; "public" for the umbrella that
 // includes them all.
 std::string ownerOfPublicHeader(const std::string& file) {
@@ -93,7 +79,7 @@ std::string ownerOfPublicHeader(const std::string& file) {
     };
     // The record classes: made by the record layer's factory.
     for (const catalogue::Table& t : catalogue::tables())
-      known[stemOf(t.name) + ".h"] = "record";
+      known[t.fileStem + ".h"] = "record";
     return known;
   }();
   const auto it = owners.find(file);

@@ -1,6 +1,8 @@
-// Test hook: the number of the AutomationError a call raises, or 0 when it
-// raises none.
+// Test hooks: the AutomationError a call raises, or its number (0 when it
+// raises none).
 #pragma once
+
+#include <gtest/gtest.h>
 
 #include <cstdint>
 
@@ -15,6 +17,17 @@ inline std::int32_t failureOf(auto&& call) {
     return e.number();
   }
   return 0;
+}
+
+// The AutomationError a call raises; fails the test when it raises none.
+inline AutomationError raisedBy(auto&& call) {
+  try {
+    call();
+  } catch (const AutomationError& e) {
+    return e;
+  }
+  ADD_FAILURE() << "no failure";
+  return AutomationError(0, "", "");
 }
 
 }  // namespace varnock::testing
