@@ -373,6 +373,13 @@ std::vector<std::string> RegisterModel::differencesFrom(const std::filesystem::p
   return differences;
 }
 
+RowState rowOf(const std::filesystem::path& path, const Step& step) {
+  for (const auto& row : File(path).rows(readBackOf(step.table))) {
+    if (row[0] == step.key) return row[1];
+  }
+  return std::nullopt;
+}
+
 std::string firstColumnOf(const std::filesystem::path& path, const std::string& query) {
   std::string text;
   for (const auto& row : File(path).rows(query)) {

@@ -73,6 +73,9 @@ class RegisterModel {
   std::map<std::pair<Table, std::string>, std::set<RowState>> rows_;
 };
 
+// The row the step names as the file holds it now.
+RowState rowOf(const std::filesystem::path& file, const Step& step);
+
 // SQLite's own verdict on the file: "ok", or what is wrong.
 std::string integrityOf(const std::filesystem::path& file);
 
