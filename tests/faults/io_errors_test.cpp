@@ -110,7 +110,9 @@ TEST_F(IoErrors, EveryFailurePointOfEachWriterCall) {
   RegisterModel prepared;
   for (const Step& row : s.rows)
     ASSERT_TRUE(run(prepared, row, original.dsn(), "preparing").ok);
-  ASSERT_FALSE(std::filesystem::exists(original.path().string() + "-wal"));
+  // Everything is in the register file itself: copies of it need nothing else.
+  const std::filesystem::path wal = original.path().string() + "-wal";
+  ASSERT_TRUE(!std::filesystem::exists(wal) || std::filesystem::file_size(wal) == 0);
 
   struct FailureKind {
     const char* name;

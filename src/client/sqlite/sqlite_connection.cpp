@@ -45,9 +45,12 @@ void configure(sqlite3* db) {
   // A process that may only read the register cannot create the WAL's
   // companion files, and cannot read a WAL register without them: writers
   // keep them in place when they close.
+  // The log itself is emptied whenever it has been carried into the register,
+  // so that it never keeps the space of a large write.
   if (sqlite3_db_readonly(db, "main") == 0) {
     int persist = 1;
     sqlite3_file_control(db, "main", SQLITE_FCNTL_PERSIST_WAL, &persist);
+    sqlite3_exec(db, "PRAGMA journal_size_limit = 0", nullptr, nullptr, nullptr);
   }
 }
 
