@@ -116,6 +116,29 @@ TEST_F(RegisterWriting, TheDatabaseRefusalsTakeTheErrorPath) {
   EXPECT_EQ(user.CountEveryUser(), 1);
 }
 
+TEST_F(RegisterWriting, ABooleanInANumberColumnTakesTheErrorPath) {
+  // The Boolean renders as the bare word True; the register refuses it as the
+  // server does, instead of storing SQLite's 1 for the automation's -1.
+  Zone zone;
+  connect(zone);
+  zone.put_Zone("North");
+  zone.put_Test(false);
+  ASSERT_TRUE(zone.AddZone());
+  for (const bool value : {true, false}) {
+    ZonePool pool;
+    connect(pool);
+    pool.put_Zone("North");
+    pool.put_Address(value);
+    ASSERT_EQ(pool.get_Address(), Variant(value));  // the column check takes a Boolean
+    EXPECT_FALSE(pool.AddZonePool());
+    EXPECT_EQ(pool.GetLastErrorMessage(), value ? "no such column: True" : "no such column: False");
+    EXPECT_EQ(events_.last().source, "AddZonePool");
+  }
+  ZonePool counter;
+  connect(counter);
+  EXPECT_EQ(counter.CountEveryZonePool(), 0);
+}
+
 TEST_F(RegisterWriting, NothingToWriteFailsWithoutSendingAStatement) {
   Country empty;
   connect(empty);

@@ -15,6 +15,11 @@ std::string toSqliteDialect(std::string_view statement, const RegisterSchema& sc
     // The N becomes a blank, not nothing: 'O'N'Brien' is two literals, and
     // must not become the one literal 'O''Brien'.
     if (t.kind == Token::Kind::String && t.text.front() != '\'') t.text.front() = ' ';
+    // SQL Server has no boolean literals: a bare True or False is a column
+    // name, which SQLite would read as 1 or 0 when no such column exists.
+    if (isKeyword(t, "true") || isKeyword(t, "false")) {
+      t = Token{Token::Kind::QuotedName, "[" + t.text + "]"};
+    }
   }
   rewriteDateLiterals(tokens, schema);
   moveTopToLimit(tokens);
