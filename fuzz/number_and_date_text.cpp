@@ -21,6 +21,9 @@ void checkNumber(std::string_view input) {
   const std::optional<double> number = varnock::parseNumber(input);
   check(varnock::isNumeric(asText) == number.has_value(), "isNumeric agrees with parseNumber",
         input);
+  // Blanks around a number are no part of it.
+  check(varnock::parseNumber(" \t" + std::string(input) + "\t ") == number,
+        "blanks around a number change nothing", input);
   if (!number) return;
   check(std::isfinite(*number), "a parsed number is finite", input);
   check(varnock::toNumber(asText) == *number, "toNumber reads the text as parseNumber does", input);
@@ -43,6 +46,8 @@ void checkDate(std::string_view input) {
   if (!date) return;
   check(date->isValid(), "a parsed date lies in the calendar", input);
   check(varnock::toDate(asText) == *date, "toDate reads the text as parseDate does", input);
+  // A text names whole seconds, so the calendar fields give the date back.
+  check(Date::fromCivil(date->civil()) == *date, "a parsed date is its calendar fields", input);
 
   const std::string text = varnock::formatDate(*date);
   const std::optional<Date> back = varnock::parseDate(text);

@@ -3,7 +3,8 @@
 // value, or the write fails through the error path and writes nothing, or the
 // row reads back holding what the register stores for that value: its text
 // exactly (NUL characters included), its number, its date to the minute, its
-// bit as a boolean, or Null.
+// bit as a boolean, or Null. The row is then written again with Update<T>,
+// whose statement renders values its own way, and read back the same.
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -37,6 +38,7 @@ struct Table {
   std::vector<std::pair<std::string_view, Variant>> fixed;
   std::string_view row;  // the where clause of the one row a test writes
   std::function<bool(Record&)> add;
+  std::function<bool(Record&)> update;  // empty for a table without a usable key
   std::function<bool(Record&, std::string_view)> get;
   std::function<bool(Record&, std::string_view)> remove;
   std::function<std::int32_t(Record&, std::string_view)> count;
@@ -44,13 +46,17 @@ struct Table {
 
 template <class T>
 Table table(std::vector<std::pair<std::string_view, Variant>> fixed, std::string_view row,
-            bool (T::*add)(), bool (T::*get)(std::string_view, std::string_view),
-            bool (T::*remove)(std::string_view), std::int32_t (T::*count)(std::string_view)) {
+            bool (T::*add)(), bool (T::*update)(),
+            bool (T::*get)(std::string_view, std::string_view), bool (T::*remove)(std::string_view),
+            std::int32_t (T::*count)(std::string_view)) {
+  std::function<bool(Record&)> updater;
+  if (update != nullptr) updater = [update](Record& r) { return (static_cast<T&>(r).*update)(); };
   return Table{
       [] { return std::make_shared<T>(); },
       std::move(fixed),
       row,
       [add](Record& r) { return (static_cast<T&>(r).*add)(); },
+      std::move(updater),
       [get](Record& r, std::string_view where) { return (static_cast<T&>(r).*get)(where, {}); },
       [remove](Record& r, std::string_view where) { return (static_cast<T&>(r).*remove)(where); },
       [count](Record& r, std::string_view where) { return (static_cast<T&>(r).*count)(where); }};
@@ -67,30 +73,31 @@ const std::vector<Table>& tables() {
                             {"Email", "fuzz@example.org"},
                             {"Authorized", false}},
                            "UserName = 'fuzz-user'", &varnock::User::AddUser,
-                           &varnock::User::GetUser, &varnock::User::DeleteUser,
-                           &varnock::User::CountEveryUser),
+                           &varnock::User::UpdateUser, &varnock::User::GetUser,
+                           &varnock::User::DeleteUser, &varnock::User::CountEveryUser),
       table<varnock::Parm>({{"Section", "fuzz"}, {"KeyName", "key"}, {"Locked", false}},
-                           "Section = 'fuzz'", &varnock::Parm::AddParm, &varnock::Parm::GetParm,
-                           &varnock::Parm::DeleteParm, &varnock::Parm::CountEveryParm),
+                           "Section = 'fuzz'", &varnock::Parm::AddParm, &varnock::Parm::UpdateParm,
+                           &varnock::Parm::GetParm, &varnock::Parm::DeleteParm,
+                           &varnock::Parm::CountEveryParm),
       table<varnock::ZonePool>({{"Zone", "fuzz-zone"}, {"Address", 1}}, "Zone = 'fuzz-zone'",
-                               &varnock::ZonePool::AddZonePool, &varnock::ZonePool::GetZonePool,
-                               &varnock::ZonePool::DeleteZonePool,
+                               &varnock::ZonePool::AddZonePool, &varnock::ZonePool::UpdateZonePool,
+                               &varnock::ZonePool::GetZonePool, &varnock::ZonePool::DeleteZonePool,
                                &varnock::ZonePool::CountEveryZonePool),
       table<varnock::ErrorLog>({{"DateCreated", kDate},
                                 {"UserId", "fuzz"},
                                 {"ErrorNumber", 1},
                                 {"ErrorDescription", "described"}},
-                               "UserId = 'fuzz'", &varnock::ErrorLog::AddErrorLog,
+                               "UserId = 'fuzz'", &varnock::ErrorLog::AddErrorLog, nullptr,
                                &varnock::ErrorLog::GetErrorLog, &varnock::ErrorLog::DeleteErrorLog,
                                &varnock::ErrorLog::CountEveryErrorLog),
-      table<varnock::ZoneAddress>({{"Zone", "fuzz-zone"},
-                                   {"UserName", "fuzz-owner"},
-                                   {"Address", 1},
-                                   {"CreationDate", kDate}},
-                                  "UserName = 'fuzz-owner'", &varnock::ZoneAddress::AddZoneAddress,
-                                  &varnock::ZoneAddress::GetZoneAddress,
-                                  &varnock::ZoneAddress::DeleteZoneAddress,
-                                  &varnock::ZoneAddress::CountEveryZoneAddress),
+      table<varnock::ZoneAddress>(
+          {{"Zone", "fuzz-zone"},
+           {"UserName", "fuzz-owner"},
+           {"Address", 1},
+           {"CreationDate", kDate}},
+          "UserName = 'fuzz-owner'", &varnock::ZoneAddress::AddZoneAddress,
+          &varnock::ZoneAddress::UpdateZoneAddress, &varnock::ZoneAddress::GetZoneAddress,
+          &varnock::ZoneAddress::DeleteZoneAddress, &varnock::ZoneAddress::CountEveryZoneAddress),
   };
   return all;
 }
@@ -302,6 +309,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   back->put_DSN(dsn);
   check(t.get(*back, t.row), "a written row reads back", input);
   checkReadBack(slot, *value, back->GetDataProperty(slot.field), input);
+
+  if (t.update) {
+    // The row again, every column rewritten from the values given.
+    check(record->SetDataProperty(slot.field, *value), "a value is accepted again", input);
+    if (t.update(*record)) {
+      const std::shared_ptr<Record> updated = t.create();
+      updated->put_DSN(dsn);
+      check(t.get(*updated, t.row), "an updated row reads back", input);
+      checkReadBack(slot, *value, updated->GetDataProperty(slot.field), input);
+    } else {
+      check(!record->GetLastErrorMessage().empty(), "a failed update leaves its reason", input);
+    }
+  }
   check(t.remove(*back, t.row), "the row written is deleted", input);
   return 0;
 }

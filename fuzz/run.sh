@@ -41,11 +41,14 @@ fuzz_one() {
   mkdir -p "$corpus" "$findings_root/$target" "$scratch/tmp/$target"
   cp fuzz/corpus/"$target"/* "$corpus"/
   touch "$scratch/$target.start"
+  local options=()
+  # Words a target's inputs are made of, where it has them.
+  [ -f fuzz/"$target".dict ] && options+=(-dict=fuzz/"$target".dict)
   local status=0
   # The target's scratch register and event log go under $scratch too.
   TMPDIR=$scratch/tmp/$target nice build-fuzz/fuzz/"$target" \
     -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 \
-    -artifact_prefix="$findings_root/$target/" "$corpus" >"$scratch/$target.log" 2>&1 ||
+    -artifact_prefix="$findings_root/$target/" "${options[@]}" "$corpus" >"$scratch/$target.log" 2>&1 ||
     status=$?
   echo "$status" >"$scratch/$target.status"
 }
