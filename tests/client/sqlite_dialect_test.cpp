@@ -111,11 +111,15 @@ TEST(UnicodeLiteral, LosesItsPrefixAndNothingElse) {
             "UPDATE [User] SET [Bio] =  'x' WHERE [UserName] =  'O' 'Brien'");
 }
 
-TEST(TrueAndFalse, AreNamesAsOnSqlServer) {
-  EXPECT_EQ(dialectOf("INSERT INTO [ZonePool] ([Zone], [Address]) VALUES ('z', True)"),
-            "INSERT INTO [ZonePool] ([Zone], [Address]) VALUES ('z', [True])");
-  EXPECT_EQ(dialectOf("SELECT * FROM [Zone] WHERE Test = false OR 'true' = [true]"),
-            "SELECT * FROM [Zone] WHERE Test = [false] OR 'true' = [true]");
+TEST(BooleanWords, StayNamesAsTheServerReadsThem) {
+  // A Boolean rendered into a number column is the bare word True, which the
+  // server reads as a column name; SQLite alone would store 1.
+  EXPECT_EQ(dialectOf("INSERT INTO [ZonePool] ([Zone], [Address]) VALUES ('North', True)"),
+            "INSERT INTO [ZonePool] ([Zone], [Address]) VALUES ('North', [True])");
+  EXPECT_EQ(dialectOf("SELECT * FROM [User] WHERE Authorized = false OR [User].TRUE = 'True'"),
+            "SELECT * FROM [User] WHERE Authorized = [false] OR [User].[TRUE] = 'True'");
+  EXPECT_EQ(dialectOf("SELECT [True], Trueness FROM [Zone] -- True\n"),
+            "SELECT [True], Trueness FROM [Zone] -- True\n");
 }
 
 TEST(NulCharacters, AreSpelledOutInsideTheirLiteral) {

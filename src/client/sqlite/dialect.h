@@ -1,7 +1,8 @@
 // SQL Server's dialect, as record objects and their callers write it, turned
 // into SQLite's. Most of it SQLite reads already: [bracketed] names,
 // Count(*), NOT IN, '' inside literals. What differs is rewritten here: TOP
-// becomes LIMIT, N'text' loses its N, and quoted dates met by date columns
+// becomes LIMIT, N'text' loses its N, a bare True or False stays a name (as
+// [True]) rather than SQLite's boolean, and quoted dates met by date columns
 // become the register's stored date form. Nothing inside a literal changes
 // unless it is such a date.
 #pragma once

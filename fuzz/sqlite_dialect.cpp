@@ -1,0 +1,88 @@
+// Statements in SQL Server's dialect carried over to a register's database.
+// The first byte of an input chooses the database ('0' is SQLite; a later
+// database takes the next digit), the rest is the statement. Tokenizing gives
+// the text back unchanged; a translation either succeeds or refuses the
+// statement as SQL Server would, and the database then accepts or refuses
+// what it was given, never anything worse.
+#include <sqlite3.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <string>
+
+#include "client/client.h"
+#include "client/sqlite/dialect.h"
+#include "client/sqlite/register_schema.h"
+#include "client/sqlite/sql_tokens.h"
+#include "client/sqlite/sqlite_connection.h"
+#include "fuzz_support.h"
+#include "varnock/automation_error.h"
+
+namespace {
+
+using varnock::fuzz::check;
+namespace sqlite = varnock::client::sqlite;
+
+// The scratch register, opened once as the provider opens it, and its schema.
+struct SqliteRegister {
+  sqlite::DatabaseHandle db;
+  sqlite::RegisterSchema schema;
+
+  SqliteRegister()
+      : db(sqlite::openDatabase(
+            (varnock::fuzz::scratchRegister(), varnock::fuzz::scratchRegisterPath()))),
+        schema(sqlite::RegisterSchema::read(db.get())) {}
+};
+
+const SqliteRegister& sqliteRegister() {
+  static const SqliteRegister opened;
+  return opened;
+}
+
+void checkTokens(std::string_view statement) {
+  const std::vector<sqlite::Token> tokens = sqlite::tokenize(statement);
+  check(sqlite::joinTokens(tokens) == statement, "joining the tokens gives the text back",
+        statement);
+  for (const sqlite::Token& t : tokens) {
+    if (t.kind == sqlite::Token::Kind::String) static_cast<void>(sqlite::stringValue(t));
+    if (sqlite::isName(t)) static_cast<void>(sqlite::nameOf(t));
+  }
+  static_cast<void>(sqlite::isBlank(statement));
+}
+
+void translateForSqlite(std::string_view statement) {
+  checkTokens(statement);
+  const SqliteRegister& reg = sqliteRegister();
+  std::string translated;
+  try {
+    translated = sqlite::toSqliteDialect(statement, reg.schema);
+  } catch (const varnock::AutomationError& e) {
+    check(e.number() == varnock::client::kCommandFailed,
+          "a statement is refused as a failed command", statement);
+    return;
+  }
+  // Prepared only: the register is not changed by what is tried on it.
+  sqlite3_stmt* prepared = nullptr;
+  sqlite3_prepare_v2(reg.db.get(), translated.data(), static_cast<int>(translated.size()),
+                     &prepared, nullptr);
+  sqlite3_finalize(prepared);
+}
+
+struct Dialect {
+  std::string_view name;
+  void (*run)(std::string_view statement);
+};
+
+constexpr Dialect kDialects[] = {
+    {"SQLite", translateForSqlite},
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  if (size == 0 || size > varnock::fuzz::kMaxInputSize) return 0;
+  const Dialect& dialect = kDialects[data[0] % std::size(kDialects)];
+  dialect.run(varnock::fuzz::textOf(data + 1, size - 1));
+  return 0;
+}
