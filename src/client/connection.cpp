@@ -15,7 +15,7 @@ constexpr const char* kClientSource = "Varnock.Connection";
 
 struct Registry {
   std::mutex mutex;
-  std::map<std::string, Provider> providers;  // by lower-case name
+  std::map<std::string, std::shared_ptr<const Provider>> providers;  // by lower-case name
 };
 
 Registry& registry() {
@@ -28,10 +28,10 @@ Registry& registry() {
 void registerProvider(std::string name, Provider provider) {
   Registry& r = registry();
   std::lock_guard lock(r.mutex);
-  r.providers[lowerCase(name)] = std::move(provider);
+  r.providers[lowerCase(name)] = std::make_shared<const Provider>(std::move(provider));
 }
 
-const Provider* findProvider(std::string_view providerValue) {
+std::shared_ptr<const Provider> findProvider(std::string_view providerValue) {
   static std::once_flag builtIns;
   std::call_once(builtIns, registerBuiltInProviders);
   // "SQLOLEDB.1" names the provider "SQLOLEDB" in version 1.
@@ -39,40 +39,41 @@ const Provider* findProvider(std::string_view providerValue) {
   Registry& r = registry();
   std::lock_guard lock(r.mutex);
   const auto it = r.providers.find(name);
-  return it == r.providers.end() ? nullptr : &it->second;
+  return it == r.providers.end() ? nullptr : it->second;
 }
 
 namespace {
 
-const Provider& providerOf(const ConnectionString& connectionString) {
+// The provider stays alive for the call even if it is registered anew meanwhile.
+std::shared_ptr<const Provider> providerOf(const ConnectionString& connectionString) {
   const std::string name = connectionString.get("Provider").value_or("");
-  const Provider* provider = findProvider(name);
+  std::shared_ptr<const Provider> provider = findProvider(name);
   if (provider == nullptr) {
     throw AutomationError(kProviderNotFound,
                           "Provider cannot be found. It may not be properly installed. (Provider=" +
                               name + " is not a provider of this build of Varnock)",
                           kClientSource);
   }
-  return *provider;
+  return provider;
 }
 
 }  // namespace
 
 std::unique_ptr<Connection> open(std::string_view connectionString) {
   const ConnectionString parsed(connectionString);
-  return providerOf(parsed).open(parsed);
+  return providerOf(parsed)->open(parsed);
 }
 
 void create(std::string_view connectionString, const ScriptForKind& scriptFor) {
   const ConnectionString parsed(connectionString);
-  const Provider& provider = providerOf(parsed);
-  if (!provider.create) {
+  const std::shared_ptr<const Provider> provider = providerOf(parsed);
+  if (!provider->create) {
     throw AutomationError(
         kCannotOpen,
         "Provider=" + parsed.get("Provider").value_or("") + " cannot create a database.",
         kClientSource);
   }
-  provider.create(parsed, scriptFor);
+  provider->create(parsed, scriptFor);
 }
 
 }  // namespace varnock::client

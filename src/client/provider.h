@@ -28,7 +28,7 @@ struct Provider {
 void registerProvider(std::string name, Provider provider);
 
 // The provider a Provider value names, or nullptr.
-const Provider* findProvider(std::string_view providerValue);
+std::shared_ptr<const Provider> findProvider(std::string_view providerValue);
 
 // Registers every provider built into the library. Defined by the
 // composition file, not by the client; called once, before the first look-up.
