@@ -1,18 +1,16 @@
-// The SQL Server dialect as the SQLite provider carries it over, statement
-// text in, statement text out.
+// The SQL Server dialect carried over to SQLite, statement text in,
+// statement text out.
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "client/client.h"
-#include "client/sqlite/dialect.h"
-#include "client/sqlite/register_schema.h"
-#include "client/sqlite/sql_tokens.h"
-#include "client/sqlite/sqlite_errors.h"
-#include "client/sqlite/stored_dates.h"
-#include "varnock/automation_error.h"
+#include "client/dialect/refusal.h"
+#include "client/dialect/register_schema.h"
+#include "client/dialect/sql_tokens.h"
+#include "client/dialect/sqlite_dialect.h"
+#include "client/dialect/stored_dates.h"
 
-namespace varnock::client::sqlite {
+namespace varnock::client::dialect {
 namespace {
 
 // A register of two tables: ErrorLog with one date column among text and a
@@ -36,10 +34,8 @@ std::string dialectOf(const std::string& statement) {
 std::string refusalOf(const std::string& statement) {
   try {
     dialectOf(statement);
-  } catch (const AutomationError& e) {
-    EXPECT_EQ(e.number(), kCommandFailed);
-    EXPECT_EQ(e.source(), kSqliteSource);
-    return e.description();
+  } catch (const StatementRefused& e) {
+    return e.what();
   }
   return "";
 }
@@ -202,8 +198,8 @@ TEST(StoredDateText, RefusesWhatSmalldatetimeCannotHold) {
   auto descriptionOf = [](const char* text) -> std::string {
     try {
       storedDateText(text);
-    } catch (const AutomationError& e) {
-      return e.description();
+    } catch (const StatementRefused& e) {
+      return std::string(e.what());
     }
     return "";
   };
@@ -222,4 +218,4 @@ TEST(StoredDate, ReadsTheStoredFormBack) {
 }
 
 }  // namespace
-}  // namespace varnock::client::sqlite
+}  // namespace varnock::client::dialect

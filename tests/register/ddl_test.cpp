@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "catalogue/catalogue.h"
-#include "client/sqlite/sqlite_errors.h"
+#include "client/dialect/refusal.h"
 #include "register/ddl.h"
 #include "support/temp_register.h"
 
@@ -155,7 +155,7 @@ TEST(RegisterDdl, EveryDateColumnIsStoredAsTheProviderStoresDates) {
       reg.run("INSERT INTO \"" + std::string(t.name) + "\" VALUES (" + values + ")");
     };
     insertWithDates("someday");
-    EXPECT_EQ(reg.error(), client::sqlite::kDateConversionText) << t.name;
+    EXPECT_EQ(reg.error(), client::dialect::kDateConversionText) << t.name;
     insertWithDates("2000-05-04T13:45:40");
     ASSERT_EQ(reg.error(), "") << t.name;
     for (const std::string& date : dates) {
@@ -168,9 +168,9 @@ TEST(RegisterDdl, EveryDateColumnIsStoredAsTheProviderStoresDates) {
       EXPECT_EQ(reg.run("SELECT " + column + " FROM " + table), Rows{{"2001-02-03 04:05:00"}})
           << where;
       reg.run("UPDATE " + table + " SET " + column + " = 'someday'");
-      EXPECT_EQ(reg.error(), client::sqlite::kDateConversionText) << where;
+      EXPECT_EQ(reg.error(), client::dialect::kDateConversionText) << where;
       reg.run("UPDATE " + table + " SET " + column + " = '1899-12-31 23:59:00'");
-      EXPECT_EQ(reg.error(), client::sqlite::kDateOutOfRangeText) << where;
+      EXPECT_EQ(reg.error(), client::dialect::kDateOutOfRangeText) << where;
     }
   }
 }

@@ -6,10 +6,13 @@
 #include <string>
 #include <string_view>
 
-#include "client/sqlite/declared_types.h"
-#include "client/sqlite/stored_dates.h"
+#include "client/dialect/declared_types.h"
+#include "client/dialect/stored_dates.h"
 
 namespace varnock::client::sqlite {
+
+using dialect::declaresType;
+using dialect::storedDate;
 
 namespace {
 

@@ -1,8 +1,13 @@
 #include "client/sqlite/large_literals.h"
 
-#include "client/sqlite/sql_tokens.h"
+#include "client/dialect/sql_tokens.h"
 
 namespace varnock::client::sqlite {
+
+using dialect::nextToken;
+using dialect::stringValue;
+using dialect::Token;
+using dialect::TokenSpan;
 
 LargeLiterals::LargeLiterals(std::string_view statement) {
   std::size_t copiedUpTo = 0;

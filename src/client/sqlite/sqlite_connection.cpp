@@ -3,8 +3,10 @@
 #include <string>
 #include <utility>
 
-#include "client/sqlite/dialect.h"
+#include "client/dialect/refusal.h"
+#include "client/dialect/sqlite_dialect.h"
 #include "client/sqlite/large_literals.h"
+#include "client/sqlite/schema_reader.h"
 #include "client/sqlite/sqlite_errors.h"
 #include "client/sqlite/sqlite_recordset.h"
 
@@ -102,22 +104,28 @@ DatabaseHandle openDatabase(const std::string& dataSource) {
 
 SqliteConnection::SqliteConnection(const std::string& path) {
   DatabaseHandle db = openDatabase(path);
-  schema_ = RegisterSchema::cached(db.get(), path);
+  schema_ = cachedRegisterSchema(db.get(), path);
   db_ = std::move(db);
 }
 
 std::unique_ptr<Recordset> SqliteConnection::execute(std::string_view statement) {
   if (!db_) fail(kConnectionClosed, kConnectionClosedText);
   const LargeLiterals large(statement);
-  const std::string sql =
-      toSqliteDialect(large.any() ? std::string_view(large.statement()) : statement, *schema_);
+  std::string sql;
+  try {
+    sql = dialect::toSqliteDialect(large.any() ? std::string_view(large.statement()) : statement,
+                                   *schema_);
+  } catch (const dialect::StatementRefused& refused) {
+    fail(kCommandFailed, refused.what());
+  }
   sqlite3_stmt* raw = nullptr;
   const char* tail = nullptr;
   const int prepared =
       sqlite3_prepare_v2(db_.get(), sql.data(), static_cast<int>(sql.size()), &raw, &tail);
   StatementHandle compiled(raw);
   if (prepared != SQLITE_OK) fail(kCommandFailed, failureText(db_.get()));
-  if (!isBlank(std::string_view(tail, static_cast<std::size_t>(sql.data() + sql.size() - tail)))) {
+  if (!dialect::isBlank(
+          std::string_view(tail, static_cast<std::size_t>(sql.data() + sql.size() - tail)))) {
     fail(kCommandFailed,
          "The command text holds more than one statement; the register runs one at a time.");
   }

@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "client/client.h"
-#include "client/sqlite/register_schema.h"
+#include "client/dialect/register_schema.h"
 #include "client/sqlite/sqlite_handles.h"
 
 namespace varnock::client::sqlite {
@@ -24,7 +24,7 @@ class SqliteConnection final : public Connection {
 
  private:
   SharedDatabase db_;
-  std::shared_ptr<const RegisterSchema> schema_;  // as the database declares it at open
+  std::shared_ptr<const dialect::RegisterSchema> schema_;  // as the database declares it at open
 };
 
 // Opens `path` read-write with the register's connection settings; raises

@@ -1,4 +1,4 @@
-#include "client/sqlite/stored_dates.h"
+#include "client/dialect/stored_dates.h"
 
 #include <cstdint>
 #include <cstdio>
@@ -6,10 +6,10 @@
 #include "automation/calendar.h"
 #include "automation/text.h"
 #include "client/client.h"
-#include "client/sqlite/sqlite_errors.h"
+#include "client/dialect/refusal.h"
 #include "varnock/conversions.h"
 
-namespace varnock::client::sqlite {
+namespace varnock::client::dialect {
 
 namespace {
 
@@ -43,16 +43,16 @@ std::optional<Date> parsedLikeSqlServer(std::string_view text) {
 
 std::string storedDateText(std::string_view text) {
   const std::optional<Date> date = parsedLikeSqlServer(trimBlanks(text));
-  if (!date) fail(kCommandFailed, kDateConversionText);
+  if (!date) refuse(kDateConversionText);
   const CivilDateTime c = date->civil();
-  if (c.year < 1900) fail(kCommandFailed, kDateOutOfRangeText);
+  if (c.year < 1900) refuse(kDateOutOfRangeText);
   std::int64_t day = calendar::dayNumber(c.year, c.month, c.day);
   int minutes = c.hour * 60 + c.minute + (c.second >= 30 ? 1 : 0);
   if (minutes == kMinutesPerDay) {
     minutes = 0;
     ++day;
   }
-  if (day > calendar::dayNumber(2079, 6, 6)) fail(kCommandFailed, kDateOutOfRangeText);
+  if (day > calendar::dayNumber(2079, 6, 6)) refuse(kDateOutOfRangeText);
   const calendar::YearMonthDay ymd = calendar::fromDayNumber(day);
   char stored[64];
   std::snprintf(stored, sizeof stored, "%04d-%02d-%02d %02d:%02d:00", ymd.year, ymd.month, ymd.day,
@@ -64,4 +64,4 @@ std::optional<Date> storedDate(std::string_view text) {
   return parseDate(text);
 }
 
-}  // namespace varnock::client::sqlite
+}  // namespace varnock::client::dialect

@@ -1,8 +1,8 @@
-#include "client/sqlite/sql_tokens.h"
+#include "client/dialect/sql_tokens.h"
 
 #include "automation/text.h"
 
-namespace varnock::client::sqlite {
+namespace varnock::client::dialect {
 
 namespace {
 
@@ -204,4 +204,4 @@ std::vector<std::size_t> significantPositions(const std::vector<Token>& tokens) 
   return positions;
 }
 
-}  // namespace varnock::client::sqlite
+}  // namespace varnock::client::dialect

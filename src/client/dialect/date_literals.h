@@ -8,13 +8,13 @@
 
 #include <vector>
 
-#include "client/sqlite/register_schema.h"
-#include "client/sqlite/sql_tokens.h"
+#include "client/dialect/register_schema.h"
+#include "client/dialect/sql_tokens.h"
 
-namespace varnock::client::sqlite {
+namespace varnock::client::dialect {
 
 // Rewrites the literals met by date columns of the schema. A literal that is
 // not a date raises kCommandFailed, as the conversion fails on SQL Server.
 void rewriteDateLiterals(std::vector<Token>& tokens, const RegisterSchema& schema);
 
-}  // namespace varnock::client::sqlite
+}  // namespace varnock::client::dialect

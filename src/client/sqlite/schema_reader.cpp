@@ -1,11 +1,9 @@
-#include "client/sqlite/register_schema.h"
+#include "client/sqlite/schema_reader.h"
 
 #include <mutex>
 #include <unordered_map>
 
-#include "automation/text.h"
 #include "client/client.h"
-#include "client/sqlite/declared_types.h"
 #include "client/sqlite/sqlite_errors.h"
 #include "client/sqlite/sqlite_handles.h"
 
@@ -20,7 +18,7 @@ std::string textOf(sqlite3_stmt* statement, int column) {
 
 }  // namespace
 
-RegisterSchema RegisterSchema::read(sqlite3* db) {
+RegisterSchema readRegisterSchema(sqlite3* db) {
   static constexpr const char* kColumns =
       "SELECT m.name, c.name, c.type FROM sqlite_master AS m, pragma_table_info(m.name) AS c "
       "WHERE m.type = 'table' ORDER BY m.name, c.cid";
@@ -38,7 +36,7 @@ RegisterSchema RegisterSchema::read(sqlite3* db) {
   return schema;
 }
 
-std::shared_ptr<const RegisterSchema> RegisterSchema::cached(sqlite3* db, const std::string& path) {
+std::shared_ptr<const RegisterSchema> cachedRegisterSchema(sqlite3* db, const std::string& path) {
   sqlite3_stmt* raw = nullptr;
   if (sqlite3_prepare_v2(db, "PRAGMA schema_version", -1, &raw, nullptr) != SQLITE_OK) {
     fail(kCannotOpen, sqlite3_errmsg(db));
@@ -59,33 +57,10 @@ std::shared_ptr<const RegisterSchema> RegisterSchema::cached(sqlite3* db, const 
       return it->second.schema;
     }
   }
-  auto schema = std::make_shared<const RegisterSchema>(read(db));
+  auto schema = std::make_shared<const RegisterSchema>(readRegisterSchema(db));
   std::lock_guard lock(mutex);
   byPath[path] = Entry{version, schema};
   return schema;
-}
-
-void RegisterSchema::addColumn(std::string_view table, std::string_view column,
-                               std::string_view declaredType) {
-  tables_[lowerCase(table)].push_back(
-      {std::string(column), declaresType(declaredType, "smalldatetime")});
-}
-
-bool RegisterSchema::hasTable(std::string_view table) const {
-  return tables_.contains(lowerCase(table));
-}
-
-const std::vector<RegisterSchema::Column>& RegisterSchema::columnsOf(std::string_view table) const {
-  static const std::vector<Column> kNone;
-  const auto it = tables_.find(lowerCase(table));
-  return it == tables_.end() ? kNone : it->second;
-}
-
-bool RegisterSchema::isDateColumn(std::string_view table, std::string_view column) const {
-  for (const Column& c : columnsOf(table)) {
-    if (equalsIgnoringCase(c.name, column)) return c.isDate;
-  }
-  return false;
 }
 
 }  // namespace varnock::client::sqlite

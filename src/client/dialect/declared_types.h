@@ -6,7 +6,7 @@
 
 #include "automation/text.h"
 
-namespace varnock::client::sqlite {
+namespace varnock::client::dialect {
 
 inline bool declaresType(std::string_view declaredType, std::string_view typeName) noexcept {
   std::string_view base = declaredType.substr(0, declaredType.find('('));
@@ -15,4 +15,4 @@ inline bool declaresType(std::string_view declaredType, std::string_view typeNam
   return equalsIgnoringCase(base, typeName);
 }
 
-}  // namespace varnock::client::sqlite
+}  // namespace varnock::client::dialect

@@ -10,9 +10,9 @@
 #include <string>
 #include <string_view>
 
-#include "client/sqlite/register_schema.h"
+#include "client/dialect/register_schema.h"
 
-namespace varnock::client::sqlite {
+namespace varnock::client::dialect {
 
 // Raises kCommandFailed where SQL Server itself would refuse the statement:
 // a TOP count that is not a whole number or is negative, or a literal that is
@@ -22,4 +22,4 @@ std::string toSqliteDialect(std::string_view statement, const RegisterSchema& sc
 // True when the text holds nothing but blanks, comments and semicolons.
 bool isBlank(std::string_view text);
 
-}  // namespace varnock::client::sqlite
+}  // namespace varnock::client::dialect

@@ -1,4 +1,4 @@
-#include "client/sqlite/top_clause.h"
+#include "client/dialect/top_clause.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -8,9 +8,9 @@
 #include <string>
 
 #include "client/client.h"
-#include "client/sqlite/sqlite_errors.h"
+#include "client/dialect/refusal.h"
 
-namespace varnock::client::sqlite {
+namespace varnock::client::dialect {
 
 namespace {
 
@@ -26,15 +26,15 @@ constexpr std::string_view kMaxCount = "9223372036854775807";
 std::string checkedCount(std::string_view literal, bool negative) {
   const bool digitsOnly =
       !literal.empty() && literal.find_first_not_of("0123456789") == std::string_view::npos;
-  if (!digitsOnly) fail(kCommandFailed, kTopNotIntegerText);
+  if (!digitsOnly) refuse(kTopNotIntegerText);
   std::string_view digits =
       literal.substr(std::min(literal.find_first_not_of('0'), literal.size()));
   if (digits.empty()) digits = literal.substr(literal.size() - 1);  // all zeros: one of them
   if (digits.size() > kMaxCount.size() ||
       (digits.size() == kMaxCount.size() && digits > kMaxCount)) {
-    fail(kCommandFailed, kTopNotIntegerText);
+    refuse(kTopNotIntegerText);
   }
-  if (negative && digits != "0") fail(kCommandFailed, kTopInvalidText);
+  if (negative && digits != "0") refuse(kTopInvalidText);
   return std::string(digits);
 }
 
@@ -113,4 +113,4 @@ void moveTopToLimit(std::vector<Token>& tokens) {
   tokens = std::move(out);
 }
 
-}  // namespace varnock::client::sqlite
+}  // namespace varnock::client::dialect

@@ -8,12 +8,12 @@
 
 #include <vector>
 
-#include "client/sqlite/sql_tokens.h"
+#include "client/dialect/sql_tokens.h"
 
-namespace varnock::client::sqlite {
+namespace varnock::client::dialect {
 
 // Moves every "TOP n" and "TOP (n)" to a LIMIT. A count that is not a whole
 // number, or is negative, raises kCommandFailed with SQL Server's description.
 void moveTopToLimit(std::vector<Token>& tokens);
 
-}  // namespace varnock::client::sqlite
+}  // namespace varnock::client::dialect

@@ -10,7 +10,7 @@
 
 #include "varnock/variant.h"
 
-namespace varnock::client::sqlite {
+namespace varnock::client::dialect {
 
 // The stored text of a date written the way SQL Server reads a character
 // string into a smalldatetime: any en-US form that parseDate accepts, or
@@ -22,4 +22,4 @@ std::string storedDateText(std::string_view text);
 // The date a stored text stands for; nullopt when it is not a date.
 std::optional<Date> storedDate(std::string_view text);
 
-}  // namespace varnock::client::sqlite
+}  // namespace varnock::client::dialect

@@ -1,12 +1,12 @@
-#include "client/sqlite/dialect.h"
+#include "client/dialect/sqlite_dialect.h"
 
 #include <vector>
 
-#include "client/sqlite/date_literals.h"
-#include "client/sqlite/sql_tokens.h"
-#include "client/sqlite/top_clause.h"
+#include "client/dialect/date_literals.h"
+#include "client/dialect/sql_tokens.h"
+#include "client/dialect/top_clause.h"
 
-namespace varnock::client::sqlite {
+namespace varnock::client::dialect {
 
 namespace {
 
@@ -57,4 +57,4 @@ bool isBlank(std::string_view text) {
   return true;
 }
 
-}  // namespace varnock::client::sqlite
+}  // namespace varnock::client::dialect

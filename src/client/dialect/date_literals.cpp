@@ -1,13 +1,13 @@
-#include "client/sqlite/date_literals.h"
+#include "client/dialect/date_literals.h"
 
 #include <cstddef>
 #include <optional>
 #include <set>
 #include <string>
 
-#include "client/sqlite/stored_dates.h"
+#include "client/dialect/stored_dates.h"
 
-namespace varnock::client::sqlite {
+namespace varnock::client::dialect {
 
 namespace {
 
@@ -181,4 +181,4 @@ void rewriteDateLiterals(std::vector<Token>& tokens, const RegisterSchema& schem
   }
 }
 
-}  // namespace varnock::client::sqlite
+}  // namespace varnock::client::dialect

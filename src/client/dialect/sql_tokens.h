@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace varnock::client::sqlite {
+namespace varnock::client::dialect {
 
 struct Token {
   enum class Kind {
@@ -54,4 +54,4 @@ std::string quoted(std::string_view text);
 // The positions of the significant tokens, in order.
 std::vector<std::size_t> significantPositions(const std::vector<Token>& tokens);
 
-}  // namespace varnock::client::sqlite
+}  // namespace varnock::client::dialect

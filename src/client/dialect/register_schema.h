@@ -1,0 +1,33 @@
+// The register's tables and columns as its own schema declares them, read by
+// the provider from the database. The dialect needs to know which columns
+// hold dates (declared smalldatetime) and the column order of each table; the
+// client knows no table by name.
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace varnock::client::dialect {
+
+class RegisterSchema {
+ public:
+  struct Column {
+    std::string name;
+    bool isDate;
+  };
+
+  // Adds a column at the end of a table's list, by its declared type.
+  void addColumn(std::string_view table, std::string_view column, std::string_view declaredType);
+
+  bool hasTable(std::string_view table) const;
+  // The columns of a table in their order; empty for an unknown table.
+  const std::vector<Column>& columnsOf(std::string_view table) const;
+  bool isDateColumn(std::string_view table, std::string_view column) const;
+
+ private:
+  std::map<std::string, std::vector<Column>> tables_;  // by lower-case table name
+};
+
+}  // namespace varnock::client::dialect
