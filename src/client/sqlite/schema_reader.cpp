@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "client/client.h"
+#include "client/dialect/database_dialect.h"
 #include "client/sqlite/sqlite_errors.h"
 #include "client/sqlite/sqlite_handles.h"
 
@@ -19,11 +20,11 @@ std::string textOf(sqlite3_stmt* statement, int column) {
 }  // namespace
 
 RegisterSchema readRegisterSchema(sqlite3* db) {
-  static constexpr const char* kColumns =
-      "SELECT m.name, c.name, c.type FROM sqlite_master AS m, pragma_table_info(m.name) AS c "
-      "WHERE m.type = 'table' ORDER BY m.name, c.cid";
+  // The same query that reads the schema of an SQLite register through ODBC.
+  const std::string_view columns = dialect::dialectForDatabase("SQLite")->schemaQuery;
   sqlite3_stmt* raw = nullptr;
-  const int prepared = sqlite3_prepare_v2(db, kColumns, -1, &raw, nullptr);
+  const int prepared =
+      sqlite3_prepare_v2(db, columns.data(), static_cast<int>(columns.size()), &raw, nullptr);
   const StatementHandle statement(raw);
   if (prepared != SQLITE_OK) fail(kCannotOpen, sqlite3_errmsg(db));
   RegisterSchema schema;
