@@ -14,6 +14,7 @@ constexpr const char* kRegisterSource = "Varnock.Register";
 
 std::string registerScript(std::string_view databaseKind) {
   if (databaseKind == "SQLite") return schema::registerDdl(schema::Dialect::Sqlite);
+  if (databaseKind == "SQL Server") return schema::registerDdl(schema::Dialect::SqlServer);
   throw AutomationError(
       client::kCannotOpen,
       "A register cannot be created on a database of kind " + std::string(databaseKind) + ".",
@@ -34,6 +35,10 @@ std::string createRegister(const std::string& path) {
   std::string connectionString = registerConnectionString(path);
   client::create(connectionString, registerScript);
   return connectionString;
+}
+
+void createRegisterIn(const std::string& connectionString) {
+  client::create(connectionString, registerScript);
 }
 
 }  // namespace varnock

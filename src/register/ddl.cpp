@@ -353,6 +353,10 @@ std::string sqlServerDdl() {
 
 }  // namespace
 
+std::vector<const catalogue::Table*> tablesParentsFirst() {
+  return creationOrder();
+}
+
 std::string registerDdl(Dialect dialect) {
   return dialect == Dialect::Sqlite ? sqliteDdl() : sqlServerDdl();
 }

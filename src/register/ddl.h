@@ -7,6 +7,9 @@
 #pragma once
 
 #include <string>
+#include <vector>
+
+#include "catalogue/catalogue.h"
 
 namespace varnock::schema {
 
@@ -16,5 +19,9 @@ enum class Dialect { Sqlite, SqlServer };
 // SQLite one transaction run by createRegister, for SQL Server batches
 // separated by GO for sqlcmd.
 std::string registerDdl(Dialect dialect);
+
+// The catalogue's tables, each after every table its foreign keys refer to:
+// the order in which a register's tables are made and filled.
+std::vector<const catalogue::Table*> tablesParentsFirst();
 
 }  // namespace varnock::schema

@@ -35,7 +35,7 @@ const std::map<std::string, std::set<std::string>>& arrows() {
       {"relations", {"sql"}},
       {"classes", {"relations"}},
       {"host", {"relations"}},
-      {"register", {"catalogue", "client"}},
+      {"register", {"catalogue", "client", "sql"}},
       // Above the library: the generators read the catalogue and the DDL;
       // the tool and the Python module see the public headers only.
       {"generators", {"catalogue", "register"}},

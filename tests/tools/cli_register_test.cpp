@@ -51,6 +51,55 @@ TEST_F(Init, APathThatAConnectionStringWouldChangeOpensWhatWasMade) {
   }
 }
 
+TEST_F(Init, AConnectionStringMakesTheRegisterWhereItPoints) {
+  const ProgramRun made = varnock({"init", "Provider=SQLite;Data Source=viaString.db"});
+  EXPECT_EQ(made.status, 0) << made.err;
+  EXPECT_EQ(made.out, "Provider=SQLite;Data Source=viaString.db\n");
+  EXPECT_EQ(run("call Zone CountEveryZone --dsn viaString.db").out, "0\n");
+  // The same string again finds the register there and refuses.
+  EXPECT_EQ(varnock({"init", "Provider=SQLite;Data Source=viaString.db"}).status, 3);
+}
+
+using Copy = VarnockCli;
+
+TEST_F(Copy, CopiesEveryTableAndPrintsTheCounts) {
+  initRegister("from.db");
+  initRegister("to.db");
+  for (const std::string country : {"Norway", "Sweden"}) {
+    ASSERT_EQ(varnock({"call", "Country", "AddCountry", "--dsn", "from.db", "--set",
+                       "Country=" + country})
+                  .status,
+              0);
+  }
+  const ProgramRun copied = run("copy from.db to.db");
+  ASSERT_EQ(copied.status, 0) << copied.err;
+  // Not a terminal: no progress bar, only the counts.
+  EXPECT_EQ(copied.err, "");
+  const std::vector<std::string> lines = linesOf(copied.out);
+  ASSERT_EQ(lines.size(), 12u) << copied.out;
+  EXPECT_EQ(lines[0], "Country      2");
+  EXPECT_EQ(lines[11], "2 rows copied; every table's count checked");
+  EXPECT_EQ(run("call Country CountEveryCountry --dsn to.db").out, "2\n");
+
+  // Again: the target holds rows now, and only --append adds to it.
+  const ProgramRun refused = run("copy from.db to.db");
+  EXPECT_EQ(refused.status, 3);
+  EXPECT_TRUE(holds(refused.err, "already holds rows"));
+  const ProgramRun duplicate = run("copy from.db to.db --append");
+  EXPECT_EQ(duplicate.status, 3);
+  EXPECT_TRUE(holds(duplicate.err, "Copying [Country] at the row Country = 'Norway'"));
+  EXPECT_EQ(run("call Country CountEveryCountry --dsn to.db").out, "2\n");
+}
+
+TEST_F(Copy, TakesExactlyTwoRegistersAndKnowsOneOption) {
+  initRegister("from.db");
+  EXPECT_EQ(run("copy from.db").status, 2);
+  EXPECT_EQ(run("copy from.db a.db b.db").status, 2);
+  EXPECT_EQ(run("copy from.db to.db --force").status, 2);
+  EXPECT_EQ(run("copy from.db missing.db").status, 3);
+  EXPECT_FALSE(std::filesystem::exists(folder() / "missing.db"));
+}
+
 using ChoosingTheRegister = VarnockCli;
 
 TEST_F(ChoosingTheRegister, DefaultsToRegisterDbInTheWorkingFolder) {

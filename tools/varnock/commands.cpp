@@ -24,8 +24,14 @@ void expectCount(const Words& words, std::size_t count, const char* usage) {
 }  // namespace
 
 ExitStatus initCommand(const Words& words, std::ostream& out, std::ostream& err) {
-  expectCount(words, 1, "varnock init PATH");
+  expectCount(words, 1, "varnock init PATH | varnock init CONNECTION-STRING");
   const std::string& path = words[0];
+  // As with --dsn: a connection string names a database that exists already.
+  if (path.find('=') != std::string::npos) {
+    createRegisterIn(path);
+    out << path << '\n';
+    return kSuccess;
+  }
   std::error_code ignored;
   // A dangling link counts as existing too: the register would land behind it.
   if (std::filesystem::exists(std::filesystem::symlink_status(path, ignored))) {

@@ -12,6 +12,20 @@ Commands
       Creates a new SQLite register at PATH and prints its connection string.
       An existing file is never overwritten (exit status 1).
 
+  init CONNECTION-STRING
+      Creates the register's tables in the existing database that the
+      connection string (a value containing "=") opens, for example a
+      PostgreSQL or SQL Server database through ODBC; a database that holds
+      them already is refused.
+
+  copy FROM TO [--append]
+      Copies every row of every table from the register FROM to the register
+      TO (each a connection string or the path of a SQLite register),
+      parents before children, with the statements the Add methods send.
+      Shows a progress bar on a terminal, then the rows copied per table;
+      every table's row count is checked afterwards. A target that holds any
+      row is refused before anything is written, unless --append is given.
+
   call CLASS METHOD [ARGUMENT...] [OPTIONS]
       Creates an object of CLASS (a table name such as User, or a ProgID such
       as Varnock.User), assigns the --set values, calls METHOD (any member; a

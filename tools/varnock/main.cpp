@@ -1,11 +1,14 @@
 // varnock: calls the record objects of a register from the command line.
 // Every failure ends as a message and an exit status (see help.h).
+#include <unistd.h>
+
 #include <exception>
 #include <iostream>
 #include <string>
 #include <vector>
 
 #include "commands.h"
+#include "copy_command.h"
 #include "error_report.h"
 #include "help.h"
 #include "varnock/automation_error.h"
@@ -24,6 +27,8 @@ ExitStatus run(const std::vector<std::string>& words) {
   }
   if (command == "init") return initCommand(rest, std::cout, std::cerr);
   if (command == "call") return callCommand(rest, std::cout, std::cerr);
+  if (command == "copy")
+    return copyCommand(rest, std::cout, std::cerr, ::isatty(STDERR_FILENO) == 1);
   if (command == "members") return membersCommand(rest, std::cout);
   if (command == "idl") return idlCommand(rest, std::cout);
   throw UsageError("unknown command " + command + "; see varnock --help");
