@@ -12,6 +12,7 @@
 
 #include "catalogue/catalogue.h"
 #include "client/dialect/refusal.h"
+#include "client/sqlite/unicode_text.h"
 #include "register/ddl.h"
 #include "support/temp_register.h"
 
@@ -43,11 +44,13 @@ bool needsIndex(const Table& t, std::string_view field) {
   return t.wholeRowKey || t.columns[t.keyColumns[0]].field != field;
 }
 
-// The register file opened with SQLite alone, foreign keys off as in the shell.
+// The register file opened with SQLite alone and the register's collation,
+// foreign keys off as in the shell.
 class RawRegister {
  public:
   RawRegister() {
     EXPECT_EQ(sqlite3_open(register_.path().c_str(), &db_), SQLITE_OK);
+    EXPECT_EQ(client::sqlite::registerUnicodeText(db_), SQLITE_OK);
     run("PRAGMA foreign_keys = OFF");
   }
   ~RawRegister() { sqlite3_close(db_); }
