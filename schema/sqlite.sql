@@ -12,11 +12,12 @@
 --     Load it before other statements: in the sqlite3 shell
 --       .load /path/to/varnock_nocase
 --     and with SQLite's ODBC driver, LoadExt=/path/to/varnock_nocase.so in the
---     connection string. Without it a program still reads whole tables, but
---     SQLite refuses ("no such collation sequence: VARNOCK_NOCASE") every
---     statement that compares or sorts text, or adds, removes or re-keys rows
---     of a table with a text key, rather than let it write through indexes in
---     an order that is not the register's; its LIKE then folds ASCII only;
+--     connection string. Without it a program still reads rows that no text
+--     condition or order picks, but SQLite refuses ("no such collation
+--     sequence: VARNOCK_NOCASE") every statement that compares or sorts text,
+--     or adds, removes or re-keys rows of a table with a text key, rather than
+--     let it write through indexes in an order that is not the register's; its
+--     LIKE then folds ASCII only;
 --   * dates are stored as 'YYYY-MM-DD HH:MM:00', whole minutes as smalldatetime
 --     keeps them; the triggers below bring any date SQLite's date functions
 --     read to that form, so rows written from the shell match the others;
