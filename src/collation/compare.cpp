@@ -18,8 +18,8 @@ int compareWithoutCase(std::string_view a, std::string_view b) noexcept {
     const auto y = static_cast<unsigned char>(b[at]);
     if ((x | y) >= 0x80) break;
     if (x == y) continue;
-    const char32_t fx = foldCase(x), fy = foldCase(y);
-    if (fx != fy) return fx < fy ? -1 : 1;
+    const int difference = kAsciiFolded[x] - kAsciiFolded[y];
+    if (difference != 0) return difference;
   }
   std::size_t atA = at, atB = at;
   while (atA < a.size() && atB < b.size()) {

@@ -38,21 +38,32 @@ bool likeMatches(std::string_view pattern, std::string_view text,
   std::size_t afterStar = 0, starText = 0;  // where to resume after the last "%"
   while (t < text.size()) {
     if (p < pattern.size()) {
-      std::size_t next = p;
-      const Element e = nextElement(pattern, next, escape);
-      if (e.kind == Element::Kind::UnpairedEscape) return false;
-      if (e.kind == Element::Kind::AnyRun) {
-        starSeen = true;
-        afterStar = p = next;
-        starText = t;
-        continue;
-      }
-      std::size_t nextText = t;
-      const char32_t unit = nextUnit(text, nextText);
-      if (e.kind == Element::Kind::AnyOne || e.folded == foldCase(unit)) {
-        p = next;
-        t = nextText;
-        continue;
+      // ASCII on both sides, no wildcard or escape: the common case, by table.
+      const auto pc = static_cast<unsigned char>(pattern[p]);
+      const auto tc = static_cast<unsigned char>(text[t]);
+      if ((pc | tc) < 0x80 && pc != '%' && pc != '_' && (!escape || pc != *escape)) {
+        if (kAsciiFolded[pc] == kAsciiFolded[tc]) {
+          ++p;
+          ++t;
+          continue;
+        }
+      } else {
+        std::size_t next = p;
+        const Element e = nextElement(pattern, next, escape);
+        if (e.kind == Element::Kind::UnpairedEscape) return false;
+        if (e.kind == Element::Kind::AnyRun) {
+          starSeen = true;
+          afterStar = p = next;
+          starText = t;
+          continue;
+        }
+        std::size_t nextText = t;
+        const char32_t unit = nextUnit(text, nextText);
+        if (e.kind == Element::Kind::AnyOne || e.folded == foldCase(unit)) {
+          p = next;
+          t = nextText;
+          continue;
+        }
       }
     }
     if (!starSeen) return false;
