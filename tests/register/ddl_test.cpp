@@ -108,6 +108,28 @@ TEST(RegisterDdl, TablesHoldTheCataloguesColumnsAndKeys) {
   }
 }
 
+// Every index over a text column, keys included, is ordered by the
+// register's collation; other columns keep SQLite's BINARY.
+TEST(RegisterDdl, IndexesOverTextAreInTheRegistersCollation) {
+  RawRegister reg;
+  std::size_t textColumns = 0;
+  for (const Table& t : catalogue::tables()) {
+    for (const auto& row :
+         reg.run("SELECT c.name, c.coll FROM pragma_index_list(" + quoted(t.name) +
+                 ") AS i, pragma_index_xinfo(i.name) AS c WHERE c.key = 1")) {
+      const auto column = std::find_if(t.columns.begin(), t.columns.end(),
+                                       [&](const Column& c) { return c.field == row[0]; });
+      ASSERT_NE(column, t.columns.end()) << t.name << "." << row[0];
+      const bool text = column->type == SqlType::Nvarchar || column->type == SqlType::Ntext;
+      textColumns += text ? 1 : 0;
+      EXPECT_EQ(row[1], text ? client::sqlite::kCollationName : "BINARY")
+          << t.name << "." << row[0];
+    }
+  }
+  EXPECT_GE(textColumns, 8u);
+  EXPECT_EQ(reg.error(), "");
+}
+
 TEST(RegisterDdl, ForeignKeysAreTheParentRelationsWithAnIndexWhereTheKeyGivesNone) {
   RawRegister reg;
   std::map<std::string, std::string> indexes, expectedIndexes;  // name -> table(column)

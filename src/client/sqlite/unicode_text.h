@@ -1,9 +1,10 @@
 // The register's comparison of texts, given to an SQLite connection: the
 // collation that the register's text columns declare, and a like() in place
 // of SQLite's, both folding case beyond ASCII (src/collation/). The provider
-// registers them on every connection it opens; the loadable extension
-// (loadable_extension.cpp, built from this same file) registers them on a
-// connection of the sqlite3 shell or of SQLite's ODBC driver.
+// registers them on every connection it opens; this file is built into the
+// loadable extension too (loadable_extension.cpp), which registers them on a
+// connection of the sqlite3 shell or of SQLite's ODBC driver. They keep no
+// state, so a connection may call them from any thread.
 #pragma once
 
 struct sqlite3;
