@@ -21,6 +21,7 @@
 #include <string>
 #include <vector>
 
+#include "client/sqlite/unicode_text.h"
 #include "fuzz_support.h"
 #include "varnock/automation_error.h"
 #include "varnock/collection.h"
@@ -66,6 +67,10 @@ class Wiper {
     varnock::fuzz::scratchRegister();
     if (sqlite3_open_v2(path.c_str(), &db_, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
       varnock::fuzz::fail("the scratch register opens", path);
+    }
+    // Deleting rows reaches the indexes of text keys, ordered by this collation.
+    if (varnock::client::sqlite::registerUnicodeText(db_) != SQLITE_OK) {
+      varnock::fuzz::fail("the register's collation is registered", path);
     }
     sqlite3_exec(db_, "PRAGMA synchronous = OFF", nullptr, nullptr, nullptr);
     version_ = dataVersion();

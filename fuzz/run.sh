@@ -20,6 +20,7 @@ targets=(
   value_notation
   render_read_round_trip
   late_bound_calls
+  text_collation
 )
 parallel=2
 

@@ -4,8 +4,20 @@
 --   * column names and their letter case are those of the SQL Server register;
 --   * declared types keep SQL Server's names (nvarchar, ntext, int, bit,
 --     smalldatetime), so readers can tell bits and dates from numbers and text;
---   * text compares without regard to case (COLLATE NOCASE), as under SQL
---     Server's default collation;
+--   * text compares without regard to case, beyond ASCII as under SQL Server's
+--     default collation ('ZÜRICH' = 'Zürich'; accents count: 'é' <> 'e'), in
+--     =, IN, ORDER BY, keys and LIKE: text columns declare COLLATE
+--     VARNOCK_NOCASE, Varnock's own collation, which Varnock's build also
+--     makes as an SQLite extension, varnock_nocase.so, with a LIKE to match.
+--     Load it before other statements: in the sqlite3 shell
+--       .load /path/to/varnock_nocase
+--     and with SQLite's ODBC driver, LoadExt=/path/to/varnock_nocase.so in the
+--     connection string. Without it a program still reads rows that no text
+--     condition or order picks, but SQLite refuses ("no such collation
+--     sequence: VARNOCK_NOCASE") every statement that compares or sorts text,
+--     or adds, removes or re-keys rows of a table with a text key, rather than
+--     let it write through indexes in an order that is not the register's; its
+--     LIKE then folds ASCII only;
 --   * dates are stored as 'YYYY-MM-DD HH:MM:00', whole minutes as smalldatetime
 --     keeps them; the triggers below bring any date SQLite's date functions
 --     read to that form, so rows written from the shell match the others;
@@ -21,85 +33,85 @@ PRAGMA journal_mode = WAL;
 BEGIN;
 
 CREATE TABLE "Country" (
-  "Country" nvarchar(50) COLLATE NOCASE NOT NULL,
+  "Country" nvarchar(50) COLLATE VARNOCK_NOCASE NOT NULL,
   PRIMARY KEY ("Country")
 );
 
 -- A log has no key: two entries may be alike in every column.
 CREATE TABLE "ErrorLog" (
   "DateCreated" smalldatetime NOT NULL,
-  "UserId" nvarchar(50) COLLATE NOCASE NOT NULL,
+  "UserId" nvarchar(50) COLLATE VARNOCK_NOCASE NOT NULL,
   "ErrorNumber" int NOT NULL,
-  "ErrorDescription" nvarchar(255) COLLATE NOCASE NOT NULL,
-  "Message" nvarchar(255) COLLATE NOCASE
+  "ErrorDescription" nvarchar(255) COLLATE VARNOCK_NOCASE NOT NULL,
+  "Message" nvarchar(255) COLLATE VARNOCK_NOCASE
 );
 
 CREATE TABLE "GroupCode" (
-  "GroupCode" nvarchar(50) COLLATE NOCASE NOT NULL,
-  "Group" nvarchar(50) COLLATE NOCASE NOT NULL,
-  "Comment" ntext COLLATE NOCASE,
+  "GroupCode" nvarchar(50) COLLATE VARNOCK_NOCASE NOT NULL,
+  "Group" nvarchar(50) COLLATE VARNOCK_NOCASE NOT NULL,
+  "Comment" ntext COLLATE VARNOCK_NOCASE,
   PRIMARY KEY ("GroupCode")
 );
 
 -- A log has no key: two entries may be alike in every column.
 CREATE TABLE "LogFile" (
-  "ProgramName" nvarchar(50) COLLATE NOCASE NOT NULL,
+  "ProgramName" nvarchar(50) COLLATE VARNOCK_NOCASE NOT NULL,
   "LogDate" smalldatetime NOT NULL,
-  "Username" nvarchar(50) COLLATE NOCASE,
-  "Message" nvarchar(255) COLLATE NOCASE NOT NULL
+  "Username" nvarchar(50) COLLATE VARNOCK_NOCASE,
+  "Message" nvarchar(255) COLLATE VARNOCK_NOCASE NOT NULL
 );
 
 CREATE TABLE "Parm" (
-  "Section" nvarchar(50) COLLATE NOCASE NOT NULL,
-  "KeyName" nvarchar(50) COLLATE NOCASE NOT NULL,
-  "Value" nvarchar(255) COLLATE NOCASE,
-  "Comment" ntext COLLATE NOCASE,
+  "Section" nvarchar(50) COLLATE VARNOCK_NOCASE NOT NULL,
+  "KeyName" nvarchar(50) COLLATE VARNOCK_NOCASE NOT NULL,
+  "Value" nvarchar(255) COLLATE VARNOCK_NOCASE,
+  "Comment" ntext COLLATE VARNOCK_NOCASE,
   "Locked" bit NOT NULL,
   PRIMARY KEY ("Section", "KeyName")
 );
 
 CREATE TABLE "State" (
-  "State" nvarchar(50) COLLATE NOCASE NOT NULL,
+  "State" nvarchar(50) COLLATE VARNOCK_NOCASE NOT NULL,
   PRIMARY KEY ("State")
 );
 
 CREATE TABLE "User" (
-  "UserName" nvarchar(50) COLLATE NOCASE NOT NULL,
-  "SiteType" nvarchar(50) COLLATE NOCASE,
-  "Firstname" nvarchar(50) COLLATE NOCASE,
-  "Lastname" nvarchar(50) COLLATE NOCASE NOT NULL,
-  "Country" nvarchar(50) COLLATE NOCASE NOT NULL,
-  "State" nvarchar(50) COLLATE NOCASE,
-  "Password" nvarchar(50) COLLATE NOCASE NOT NULL,
-  "Email" nvarchar(255) COLLATE NOCASE NOT NULL,
-  "Pagetopic" nvarchar(255) COLLATE NOCASE,
-  "Bio" nvarchar(255) COLLATE NOCASE,
-  "Graphic" nvarchar(255) COLLATE NOCASE,
-  "Link" nvarchar(255) COLLATE NOCASE,
+  "UserName" nvarchar(50) COLLATE VARNOCK_NOCASE NOT NULL,
+  "SiteType" nvarchar(50) COLLATE VARNOCK_NOCASE,
+  "Firstname" nvarchar(50) COLLATE VARNOCK_NOCASE,
+  "Lastname" nvarchar(50) COLLATE VARNOCK_NOCASE NOT NULL,
+  "Country" nvarchar(50) COLLATE VARNOCK_NOCASE NOT NULL,
+  "State" nvarchar(50) COLLATE VARNOCK_NOCASE,
+  "Password" nvarchar(50) COLLATE VARNOCK_NOCASE NOT NULL,
+  "Email" nvarchar(255) COLLATE VARNOCK_NOCASE NOT NULL,
+  "Pagetopic" nvarchar(255) COLLATE VARNOCK_NOCASE,
+  "Bio" nvarchar(255) COLLATE VARNOCK_NOCASE,
+  "Graphic" nvarchar(255) COLLATE VARNOCK_NOCASE,
+  "Link" nvarchar(255) COLLATE VARNOCK_NOCASE,
   "DateCreated" smalldatetime,
   "Authorized" bit NOT NULL,
   "AuthorisationDate" smalldatetime,
-  "AuthorisationMessage" ntext COLLATE NOCASE,
-  "REMOTE_ADDR" nvarchar(50) COLLATE NOCASE,
+  "AuthorisationMessage" ntext COLLATE VARNOCK_NOCASE,
+  "REMOTE_ADDR" nvarchar(50) COLLATE VARNOCK_NOCASE,
   PRIMARY KEY ("UserName")
 );
 
 CREATE TABLE "Zone" (
-  "Zone" nvarchar(50) COLLATE NOCASE NOT NULL,
+  "Zone" nvarchar(50) COLLATE VARNOCK_NOCASE NOT NULL,
   "Test" bit NOT NULL,
   PRIMARY KEY ("Zone")
 );
 
 CREATE TABLE "GroupMember" (
-  "GroupCode" nvarchar(50) COLLATE NOCASE NOT NULL REFERENCES "GroupCode" ("GroupCode"),
-  "UserName" nvarchar(50) COLLATE NOCASE NOT NULL REFERENCES "User" ("UserName"),
+  "GroupCode" nvarchar(50) COLLATE VARNOCK_NOCASE NOT NULL REFERENCES "GroupCode" ("GroupCode"),
+  "UserName" nvarchar(50) COLLATE VARNOCK_NOCASE NOT NULL REFERENCES "User" ("UserName"),
   PRIMARY KEY ("GroupCode", "UserName")
 );
 CREATE INDEX "GroupMember by UserName" ON "GroupMember" ("UserName");
 
 CREATE TABLE "ZoneAddress" (
-  "Zone" nvarchar(50) COLLATE NOCASE NOT NULL REFERENCES "Zone" ("Zone"),
-  "UserName" nvarchar(50) COLLATE NOCASE NOT NULL REFERENCES "User" ("UserName"),
+  "Zone" nvarchar(50) COLLATE VARNOCK_NOCASE NOT NULL REFERENCES "Zone" ("Zone"),
+  "UserName" nvarchar(50) COLLATE VARNOCK_NOCASE NOT NULL REFERENCES "User" ("UserName"),
   "Address" int NOT NULL,
   "CreationDate" smalldatetime NOT NULL,
   PRIMARY KEY ("Zone", "UserName")
@@ -107,7 +119,7 @@ CREATE TABLE "ZoneAddress" (
 CREATE INDEX "ZoneAddress by UserName" ON "ZoneAddress" ("UserName");
 
 CREATE TABLE "ZonePool" (
-  "Zone" nvarchar(50) COLLATE NOCASE NOT NULL REFERENCES "Zone" ("Zone"),
+  "Zone" nvarchar(50) COLLATE VARNOCK_NOCASE NOT NULL REFERENCES "Zone" ("Zone"),
   "Address" int NOT NULL,
   PRIMARY KEY ("Zone", "Address")
 );

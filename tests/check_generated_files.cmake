@@ -1,11 +1,11 @@
-# Runs a generator into OUTPUT (`GENERATOR OUTPUT`) and compares every file it
+# Runs a generator into OUTPUT (`[INTERPRETER] GENERATOR OUTPUT`) and compares every file it
 # writes with the checked-in one at the same place under EXPECTED. C++ files
 # are formatted first with CLANG_FORMAT and STYLE, when given, as the
 # checked-in ones are; other files are compared as written. A stale file fails
 # the check with the command that brings it up to date, REGENERATE.
 file(REMOVE_RECURSE "${OUTPUT}")
 file(MAKE_DIRECTORY "${OUTPUT}")
-execute_process(COMMAND "${GENERATOR}" "${OUTPUT}" RESULT_VARIABLE status)
+execute_process(COMMAND ${INTERPRETER} "${GENERATOR}" "${OUTPUT}" RESULT_VARIABLE status)
 if(NOT status EQUAL 0)
   message(FATAL_ERROR "${GENERATOR} failed: ${status}")
 endif()

@@ -1,6 +1,7 @@
 // Benchmark support: the raw SQLite C API doing what a data method does with
 // the same statement (open, run, read every field of every row into Variants,
-// close), as the baseline each measured operation is compared with.
+// close), as the baseline each measured operation is compared with. The
+// register's collation is registered as the provider registers it.
 #pragma once
 
 #include <sqlite3.h>
@@ -8,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "client/sqlite/unicode_text.h"
 #include "varnock/variant.h"
 
 namespace varnock::bench {
@@ -19,6 +21,7 @@ inline std::vector<RawRow> rawQuery(const std::string& path, const char* sql,
                                     std::size_t maxRows = 0) {
   sqlite3* db = nullptr;
   sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
+  client::sqlite::registerUnicodeText(db);
   sqlite3_busy_timeout(db, 30000);
   sqlite3_stmt* statement = nullptr;
   sqlite3_prepare_v2(db, sql, -1, &statement, nullptr);
@@ -53,6 +56,7 @@ inline std::vector<RawRow> rawQuery(const std::string& path, const char* sql,
 inline void rawExecute(const std::string& path, const std::vector<std::string>& statements) {
   sqlite3* db = nullptr;
   sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
+  client::sqlite::registerUnicodeText(db);
   sqlite3_exec(db, "BEGIN", nullptr, nullptr, nullptr);
   for (const std::string& s : statements)
     sqlite3_exec(db, s.c_str(), nullptr, nullptr, nullptr);

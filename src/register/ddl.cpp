@@ -131,8 +131,20 @@ constexpr std::string_view kSqliteHeader =
 --   * column names and their letter case are those of the SQL Server register;
 --   * declared types keep SQL Server's names (nvarchar, ntext, int, bit,
 --     smalldatetime), so readers can tell bits and dates from numbers and text;
---   * text compares without regard to case (COLLATE NOCASE), as under SQL
---     Server's default collation;
+--   * text compares without regard to case, beyond ASCII as under SQL Server's
+--     default collation ('ZÜRICH' = 'Zürich'; accents count: 'é' <> 'e'), in
+--     =, IN, ORDER BY, keys and LIKE: text columns declare COLLATE
+--     VARNOCK_NOCASE, Varnock's own collation, which Varnock's build also
+--     makes as an SQLite extension, varnock_nocase.so, with a LIKE to match.
+--     Load it before other statements: in the sqlite3 shell
+--       .load /path/to/varnock_nocase
+--     and with SQLite's ODBC driver, LoadExt=/path/to/varnock_nocase.so in the
+--     connection string. Without it a program still reads rows that no text
+--     condition or order picks, but SQLite refuses ("no such collation
+--     sequence: VARNOCK_NOCASE") every statement that compares or sorts text,
+--     or adds, removes or re-keys rows of a table with a text key, rather than
+--     let it write through indexes in an order that is not the register's; its
+--     LIKE then folds ASCII only;
 --   * dates are stored as 'YYYY-MM-DD HH:MM:00', whole minutes as smalldatetime
 --     keeps them; the triggers below bring any date SQLite's date functions
 --     read to that form, so rows written from the shell match the others;
@@ -177,7 +189,7 @@ std::string storedForm(std::string_view value) {
 
 std::string sqliteColumn(const Table& t, const Column& c) {
   std::string line = "  " + doubleQuoted(c.field) + " " + declaredType(c);
-  if (isText(c)) line += " COLLATE NOCASE";
+  if (isText(c)) line += " COLLATE VARNOCK_NOCASE";
   if (c.nullRefused) line += " NOT NULL";
   if (const Table* parent = parentThrough(t, c))
     line += " REFERENCES " + doubleQuoted(parent->name) + " (" + doubleQuoted(c.field) + ")";

@@ -15,6 +15,7 @@
 #include "client/connection_string.h"
 #include "support/in_child.h"
 #include "support/run_program.h"
+#include "support/sqlite_extension.h"
 #include "support/temp_register.h"
 #include "varnock/automation_error.h"
 #include "varnock/register.h"
@@ -251,11 +252,13 @@ TEST(RegisterFile, AWriterWaitsForAnotherProcesssTransaction) {
   EXPECT_EQ(count(*connection, "Country"), Variant(std::int32_t{2}));
 }
 
-// Runs SQL in the sqlite3 shell; its output, or nullopt when it fails.
+// Runs SQL in the sqlite3 shell, with the register's collation loaded; its
+// output, or nullopt when it fails.
 std::optional<std::string> inShell(const fs::path& shell, const fs::path& db,
                                    const std::string& sql) {
-  const testing::ProgramRun run =
-      testing::runProgram(shell, {"-batch", "-bail", db.string(), sql}, db.parent_path());
+  const testing::ProgramRun run = testing::runProgram(
+      shell, {"-batch", "-bail", "-cmd", testing::loadExtensionCommand(), db.string(), sql},
+      db.parent_path());
   if (run.status != 0) return std::nullopt;
   return run.out;
 }

@@ -8,6 +8,7 @@
 #include <memory>
 #include <stdexcept>
 
+#include "client/sqlite/unicode_text.h"
 #include "varnock/varnock.h"
 
 namespace varnock::testing {
@@ -136,8 +137,8 @@ Outcome call(R& record, const Step& step, bool (R::*add)(), bool (R::*update)(),
   return outcome;
 }
 
-// An open register file, read with SQLite directly rather than through the
-// library whose writes are being checked.
+// An open register file, read with SQLite directly (and the register's
+// collation) rather than through the library whose writes are being checked.
 class File {
  public:
   explicit File(const std::filesystem::path& path) {
@@ -146,6 +147,9 @@ class File {
     db_.reset(raw);
     if (opened != SQLITE_OK) throw std::runtime_error("cannot open " + path.string());
     sqlite3_busy_timeout(raw, 30000);
+    if (client::sqlite::registerUnicodeText(raw) != SQLITE_OK) {
+      throw std::runtime_error("cannot compare texts in " + path.string());
+    }
   }
   // Every row of `query` as texts, NULL as nullopt.
   std::vector<std::vector<RowState>> rows(const std::string& query) const {

@@ -12,6 +12,7 @@
 
 #include "catalogue/catalogue.h"
 #include "client/dialect/refusal.h"
+#include "client/sqlite/unicode_text.h"
 #include "register/ddl.h"
 #include "support/temp_register.h"
 
@@ -43,11 +44,13 @@ bool needsIndex(const Table& t, std::string_view field) {
   return t.wholeRowKey || t.columns[t.keyColumns[0]].field != field;
 }
 
-// The register file opened with SQLite alone, foreign keys off as in the shell.
+// The register file opened with SQLite alone and the register's collation,
+// foreign keys off as in the shell.
 class RawRegister {
  public:
   RawRegister() {
     EXPECT_EQ(sqlite3_open(register_.path().c_str(), &db_), SQLITE_OK);
+    EXPECT_EQ(client::sqlite::registerUnicodeText(db_), SQLITE_OK);
     run("PRAGMA foreign_keys = OFF");
   }
   ~RawRegister() { sqlite3_close(db_); }
@@ -103,6 +106,28 @@ TEST(RegisterDdl, TablesHoldTheCataloguesColumnsAndKeys) {
               expected)
         << t.name;
   }
+}
+
+// Every index over a text column, keys included, is ordered by the
+// register's collation; other columns keep SQLite's BINARY.
+TEST(RegisterDdl, IndexesOverTextAreInTheRegistersCollation) {
+  RawRegister reg;
+  std::size_t textColumns = 0;
+  for (const Table& t : catalogue::tables()) {
+    for (const auto& row :
+         reg.run("SELECT c.name, c.coll FROM pragma_index_list(" + quoted(t.name) +
+                 ") AS i, pragma_index_xinfo(i.name) AS c WHERE c.key = 1")) {
+      const auto column = std::find_if(t.columns.begin(), t.columns.end(),
+                                       [&](const Column& c) { return c.field == row[0]; });
+      ASSERT_NE(column, t.columns.end()) << t.name << "." << row[0];
+      const bool text = column->type == SqlType::Nvarchar || column->type == SqlType::Ntext;
+      textColumns += text ? 1 : 0;
+      EXPECT_EQ(row[1], text ? client::sqlite::kCollationName : "BINARY")
+          << t.name << "." << row[0];
+    }
+  }
+  EXPECT_GE(textColumns, 8u);
+  EXPECT_EQ(reg.error(), "");
 }
 
 TEST(RegisterDdl, ForeignKeysAreTheParentRelationsWithAnIndexWhereTheKeyGivesNone) {

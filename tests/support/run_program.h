@@ -51,20 +51,36 @@ inline std::string drained(FILE* file) {
   return text;
 }
 
+// `input`, when given, is the program's standard input; otherwise it reads
+// this process's.
 inline ProgramRun runProgram(const std::filesystem::path& program,
                              const std::vector<std::string>& arguments,
                              const std::filesystem::path& folder,
-                             const EnvironmentChanges& environment = {}) {
+                             const EnvironmentChanges& environment = {},
+                             const std::optional<std::string>& input = std::nullopt) {
   FILE* out = ::tmpfile();
   FILE* err = ::tmpfile();
-  if (out == nullptr || err == nullptr) return {};
+  FILE* in = input ? ::tmpfile() : nullptr;
+  if (in != nullptr) {
+    ::fwrite(input->data(), 1, input->size(), in);
+    ::fflush(in);
+    ::rewind(in);
+  }
+  if (out == nullptr || err == nullptr || (input && in == nullptr)) {
+    for (FILE* file : {out, err, in}) {
+      if (file != nullptr) ::fclose(file);
+    }
+    return {};
+  }
   const pid_t child = ::fork();
   if (child < 0) {
     ::fclose(out);
     ::fclose(err);
+    if (in != nullptr) ::fclose(in);
     return {};
   }
   if (child == 0) {
+    if (in != nullptr) ::dup2(::fileno(in), STDIN_FILENO);
     ::dup2(::fileno(out), STDOUT_FILENO);
     ::dup2(::fileno(err), STDERR_FILENO);
     if (::chdir(folder.c_str()) != 0) ::_exit(127);
@@ -88,6 +104,7 @@ inline ProgramRun runProgram(const std::filesystem::path& program,
   }
   int status = 0;
   ::waitpid(child, &status, 0);
+  if (in != nullptr) ::fclose(in);
   ProgramRun run;
   if (WIFEXITED(status)) run.status = WEXITSTATUS(status);
   run.out = drained(out);

@@ -3,6 +3,7 @@
 // with the sqlite3 shell.
 #include <gtest/gtest.h>
 
+#include "support/sqlite_extension.h"
 #include "tools/cli_fixture.h"
 
 namespace varnock::testing {
@@ -137,7 +138,7 @@ class Rows : public VarnockCli {
     initRegister();
     const ProgramRun run =
         runProgram(*sqlite3,
-                   {"register.db",
+                   {"-cmd", loadExtensionCommand(), "register.db",
                     "INSERT INTO Country (Country) VALUES ('Norway'), ('Chile'), ('Japan');"
                     "INSERT INTO Zone (Zone, Test) VALUES ('Z1', 0);"
                     "INSERT INTO ZonePool (Zone, Address) VALUES ('Z1', 5);"},

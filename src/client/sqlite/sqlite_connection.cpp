@@ -9,6 +9,7 @@
 #include "client/sqlite/schema_reader.h"
 #include "client/sqlite/sqlite_errors.h"
 #include "client/sqlite/sqlite_recordset.h"
+#include "client/sqlite/unicode_text.h"
 
 namespace varnock::client::sqlite {
 
@@ -19,9 +20,13 @@ namespace {
 constexpr int kBusyTimeoutMilliseconds = 30000;
 
 // Functions a caller's condition could use to read memory addresses or reach
-// files; nothing the register's statements need.
-int refuseUnsafeFunctions(void*, int action, const char*, const char* function, const char*,
+// files; nothing the register's statements need. And the pragma that would
+// put SQLite's ASCII-only like() back in place of the register's.
+int refuseUnsafeFunctions(void*, int action, const char* name, const char* function, const char*,
                           const char*) {
+  if (action == SQLITE_PRAGMA && name != nullptr) {
+    return sqlite3_stricmp(name, "case_sensitive_like") == 0 ? SQLITE_DENY : SQLITE_OK;
+  }
   if (action != SQLITE_FUNCTION || function == nullptr) return SQLITE_OK;
   for (const char* refused : {"fts3_tokenizer", "load_extension", "fts5_api_from_db"}) {
     if (sqlite3_stricmp(function, refused) == 0) return SQLITE_DENY;
@@ -38,6 +43,9 @@ void configure(sqlite3* db) {
   sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_FTS3_TOKENIZER, 0, nullptr);
   sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr);
   sqlite3_set_authorizer(db, refuseUnsafeFunctions, nullptr);
+  // The register's text columns compare in this collation; its indexes are
+  // ordered by it. Registered through the C API: extensions stay off.
+  if (registerUnicodeText(db) != SQLITE_OK) fail(kCannotOpen, sqlite3_errmsg(db));
   // "text" names a column, as SQL Server reads it; it is never a literal.
   sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
