@@ -14,6 +14,7 @@ constexpr const char* kRegisterSource = "Varnock.Register";
 
 std::string registerScript(std::string_view databaseKind) {
   if (databaseKind == "SQLite") return schema::registerDdl(schema::Dialect::Sqlite);
+  if (databaseKind == "PostgreSQL") return schema::registerDdl(schema::Dialect::Postgres);
   throw AutomationError(
       client::kCannotOpen,
       "A register cannot be created on a database of kind " + std::string(databaseKind) + ".",
