@@ -14,8 +14,8 @@
 #
 # As root the server runs as the postgres system user, which then owns DIR.
 # The package's own clusters (/etc/postgresql, /var/lib/postgresql) are never
-# touched. Programs are found through VARNOCK_POSTGRES_BIN, PATH or
-# /usr/lib/postgresql/<version>/bin, newest version first.
+# touched. Programs are found in VARNOCK_POSTGRES_BIN when it is set, else on
+# PATH or in /usr/lib/postgresql/<version>/bin, newest version first.
 #
 # Exit status: 0 on success, 3 when PostgreSQL's server programs are missing
 # (tests then skip), 1 for any other failure, with the reason on stderr.
@@ -31,9 +31,14 @@ fail() {
 }
 
 find_bin() {
-  local dir
-  for dir in "${VARNOCK_POSTGRES_BIN:-}" $(dirname "$(command -v initdb 2>/dev/null || echo /nonexistent/x)") \
-    $(ls -d /usr/lib/postgresql/*/bin 2>/dev/null | sort -t/ -k5 -rn); do
+  local dir candidates
+  if [ -n "${VARNOCK_POSTGRES_BIN:-}" ]; then
+    candidates=$VARNOCK_POSTGRES_BIN
+  else
+    candidates="$(dirname "$(command -v initdb 2>/dev/null || echo /nonexistent/x)")
+      $(ls -d /usr/lib/postgresql/*/bin 2>/dev/null | sort -t/ -k5 -rn)"
+  fi
+  for dir in $candidates; do
     if [ -n "$dir" ] && [ -x "$dir/initdb" ] && [ -x "$dir/pg_ctl" ] && [ -x "$dir/postgres" ] &&
       [ -x "$dir/psql" ]; then
       echo "$dir"
