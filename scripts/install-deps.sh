@@ -8,6 +8,9 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   libsystemd-dev
   libsqlite3-dev sqlite3
+  # The PostgreSQL tests' own server; citext comes with the server package
+  # on Debian 12 (postgresql-contrib-15 is only a name it provides).
+  postgresql-15 odbc-postgresql
   pybind11-dev python3-dev
 )
 missing=()
