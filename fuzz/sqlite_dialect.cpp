@@ -1,9 +1,10 @@
 // Statements in SQL Server's dialect carried over to a register's database.
-// The first byte of an input chooses the database ('0' is SQLite; a later
-// database takes the next digit), the rest is the statement. Tokenizing gives
-// the text back unchanged; a translation either succeeds or refuses the
-// statement as SQL Server would, and the database then accepts or refuses
-// what it was given, never anything worse.
+// The first byte of an input chooses the database ('0' is SQLite, '1'
+// PostgreSQL; a later database takes the next digit), the rest is the
+// statement. Tokenizing gives the text back unchanged; a translation either
+// succeeds or refuses the statement as SQL Server would, and the database
+// then accepts or refuses what it was given, never anything worse. There is
+// no PostgreSQL server here: its translations are checked as text.
 #include <sqlite3.h>
 
 #include <cstddef>
@@ -11,7 +12,11 @@
 #include <iterator>
 #include <string>
 
+#include "automation/text.h"
+#include "catalogue/catalogue.h"
 #include "client/client.h"
+#include "client/dialect/postgres_dialect.h"
+#include "client/dialect/refusal.h"
 #include "client/dialect/register_schema.h"
 #include "client/dialect/sql_tokens.h"
 #include "client/dialect/sqlite_dialect.h"
@@ -69,6 +74,37 @@ void translateForSqlite(std::string_view statement) {
   sqlite3_finalize(prepared);
 }
 
+// The register as the PostgreSQL provider reads it: lower-case names, SQL
+// Server's type names.
+const dialect::RegisterSchema& postgresSchema() {
+  static const dialect::RegisterSchema schema = [] {
+    dialect::RegisterSchema s;
+    for (const varnock::catalogue::Table& t : varnock::catalogue::tables()) {
+      for (const varnock::catalogue::Column& c : t.columns)
+        s.addColumn(varnock::lowerCase(t.name), varnock::lowerCase(c.field),
+                    varnock::catalogue::sqlTypeName(c.type));
+    }
+    return s;
+  }();
+  return schema;
+}
+
+void translateForPostgres(std::string_view statement) {
+  checkTokens(statement);
+  std::string translated;
+  try {
+    translated = dialect::toPostgresDialect(statement, postgresSchema());
+  } catch (const dialect::StatementRefused&) {
+    return;  // refused as SQL Server refuses it, or for a NUL character
+  }
+  check(translated.find('\0') == std::string::npos, "no NUL reaches PostgreSQL", translated);
+  // Every quoted name is quoted as PostgreSQL quotes names.
+  for (const dialect::Token& t : dialect::tokenize(translated)) {
+    check(t.kind != dialect::Token::Kind::QuotedName || t.text.front() == '"',
+          "names are quoted in PostgreSQL's way", translated);
+  }
+}
+
 struct Dialect {
   std::string_view name;
   void (*run)(std::string_view statement);
@@ -76,6 +112,7 @@ struct Dialect {
 
 constexpr Dialect kDialects[] = {
     {"SQLite", translateForSqlite},
+    {"PostgreSQL", translateForPostgres},
 };
 
 }  // namespace

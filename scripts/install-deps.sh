@@ -9,6 +9,9 @@ packages=(
   libsystemd-dev
   libsqlite3-dev sqlite3
   unixodbc libsqliteodbc
+  # The PostgreSQL tests' own server; citext comes with the server package
+  # on Debian 12 (postgresql-contrib-15 is only a name it provides).
+  postgresql-15 odbc-postgresql
   pybind11-dev python3-dev
 )
 missing=()

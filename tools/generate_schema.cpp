@@ -1,6 +1,7 @@
 // Writes the register's DDL from the table catalogue, one script per kind of
 // database. Usage: generate_schema SCHEMA_DIR
-//   writes SCHEMA_DIR/sqlite.sql and SCHEMA_DIR/sqlserver.sql.
+//   writes SCHEMA_DIR/sqlite.sql, SCHEMA_DIR/sqlserver.sql and
+//   SCHEMA_DIR/postgresql.sql.
 #include <fstream>
 #include <iostream>
 #include <string>
@@ -27,6 +28,7 @@ int main(int argc, char** argv) {
   const std::string dir = argv[1];
   bool ok = writeFile(dir + "/sqlite.sql", registerDdl(Dialect::Sqlite));
   ok = writeFile(dir + "/sqlserver.sql", registerDdl(Dialect::SqlServer)) && ok;
+  ok = writeFile(dir + "/postgresql.sql", registerDdl(Dialect::Postgres)) && ok;
   if (!ok) {
     std::cerr << "generate_schema: cannot write to " << dir << "\n";
     return 1;

@@ -8,7 +8,7 @@
 
 #include "catalogue/catalogue.h"
 #include "client/client.h"
-#include "register/ddl.h"
+#include "register/ddl_parts.h"
 #include "sql/statements.h"
 #include "varnock/automation_error.h"
 #include "varnock/conversions.h"
@@ -64,7 +64,7 @@ class Copier {
       : source_(client::open(from)), target_(client::open(to)), options_(options) {}
 
   std::vector<CopiedTable> run() {
-    const std::vector<const Table*> tables = schema::tablesParentsFirst();
+    const std::vector<const Table*> tables = schema::parts::creationOrder();
     std::vector<std::int64_t> sourceRows, targetRows;
     for (const Table* table : tables) {
       try {

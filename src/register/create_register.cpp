@@ -15,6 +15,7 @@ constexpr const char* kRegisterSource = "Varnock.Register";
 std::string registerScript(std::string_view databaseKind) {
   if (databaseKind == "SQLite") return schema::registerDdl(schema::Dialect::Sqlite);
   if (databaseKind == "SQL Server") return schema::registerDdl(schema::Dialect::SqlServer);
+  if (databaseKind == "PostgreSQL") return schema::registerDdl(schema::Dialect::Postgres);
   throw AutomationError(
       client::kCannotOpen,
       "A register cannot be created on a database of kind " + std::string(databaseKind) + ".",

@@ -1,126 +1,20 @@
 #include "register/ddl.h"
 
-#include <algorithm>
-#include <cstdint>
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "catalogue/catalogue.h"
+#include "register/ddl_parts.h"
 
 namespace varnock::schema {
 
 namespace {
 
 using catalogue::Column;
-using catalogue::RelationKind;
 using catalogue::SqlType;
 using catalogue::Table;
-
-// What the catalogue implies beyond its columns, for both databases.
-
-struct ForeignKey {
-  const Column* column;
-  const Table* parent;  // referenced on its column of the same name, its key
-};
-
-// The key columns in key order. The logs have none: their key is the whole
-// row, and two entries may be alike in every column.
-std::vector<const Column*> primaryKey(const Table& t) {
-  std::vector<const Column*> key;
-  if (t.wholeRowKey) return key;
-  for (const std::uint8_t position : t.keyColumns)
-    key.push_back(&t.columns[position]);
-  return key;
-}
-
-// One per parent relation, in column order.
-std::vector<ForeignKey> foreignKeys(const Table& t) {
-  std::vector<ForeignKey> keys;
-  for (const Column& c : t.columns) {
-    for (const catalogue::Relation& r : t.relations) {
-      if (r.kind == RelationKind::Parent && r.joinField == c.field)
-        keys.push_back({&c, &catalogue::table(r.other)});
-    }
-  }
-  return keys;
-}
-
-const Table* parentThrough(const Table& t, const Column& c) {
-  for (const ForeignKey& fk : foreignKeys(t)) {
-    if (fk.column == &c) return fk.parent;
-  }
-  return nullptr;
-}
-
-// Foreign-key columns that need an index of their own: the primary key's
-// index already serves the column that leads it.
-std::vector<const Column*> indexedColumns(const Table& t) {
-  const std::vector<const Column*> key = primaryKey(t);
-  std::vector<const Column*> indexed;
-  for (const ForeignKey& fk : foreignKeys(t)) {
-    if (key.empty() || key.front() != fk.column) indexed.push_back(fk.column);
-  }
-  return indexed;
-}
-
-// Catalogue order, except that a table comes after every table it refers to:
-// tables sorted by how many generations of parents they have, stably.
-std::vector<const Table*> creationOrder() {
-  std::map<std::string_view, int> generation;
-  const auto generationOf = [&](const auto& self, const Table& t) -> int {
-    if (const auto known = generation.find(t.name); known != generation.end()) return known->second;
-    int g = 0;
-    for (const ForeignKey& fk : foreignKeys(t))
-      g = std::max(g, self(self, *fk.parent) + 1);
-    generation[t.name] = g;
-    return g;
-  };
-  std::vector<const Table*> order;
-  for (const Table& t : catalogue::tables()) {
-    generationOf(generationOf, t);
-    order.push_back(&t);
-  }
-  std::stable_sort(order.begin(), order.end(), [&](const Table* a, const Table* b) {
-    return generation.at(a->name) < generation.at(b->name);
-  });
-  return order;
-}
-
-std::string declaredType(const Column& c) {
-  std::string type(catalogue::sqlTypeName(c.type));
-  if (c.length > 0) type += "(" + std::to_string(c.length) + ")";
-  return type;
-}
-
-bool isText(const Column& c) {
-  return c.type == SqlType::Nvarchar || c.type == SqlType::Ntext;
-}
-
-// Names quoted as each database quotes them, joined by ", ".
-template <typename Quote>
-std::string nameList(const std::vector<const Column*>& columns, Quote quote) {
-  std::string list;
-  for (const Column* c : columns)
-    list += (list.empty() ? "" : ", ") + quote(c->field);
-  return list;
-}
-
-// The body of a CREATE TABLE: one definition a line, separated by commas.
-std::string definitions(const std::vector<std::string>& lines) {
-  std::string body;
-  for (const std::string& line : lines)
-    body += (body.empty() ? "" : ",\n") + line;
-  return body + "\n";
-}
-
-std::string doubleQuoted(std::string_view name) {
-  return "\"" + std::string(name) + "\"";
-}
-std::string bracketed(std::string_view name) {
-  return "[" + std::string(name) + "]";
-}
+using namespace parts;
 
 // SQLite: one transaction, run by createRegister on a new file.
 
@@ -172,12 +66,6 @@ constexpr std::string_view kDateTriggersComment =
 -- smalldatetime's range, with SQL Server's messages.
 )";
 
-// SQL Server's own words for the dates it refuses.
-constexpr std::string_view kUnreadableDate =
-    "Conversion failed when converting date and/or time from character string.";
-constexpr std::string_view kDateOutOfRange =
-    "The conversion of a varchar data type to a smalldatetime data type resulted in an "
-    "out-of-range value.";
 constexpr std::string_view kSmalldatetimeRange =
     "BETWEEN '1900-01-01 00:00:00' AND '2079-06-06 23:59:00'";
 
@@ -212,9 +100,6 @@ std::string sqliteTable(const Table& t) {
   return text;
 }
 
-// SQL Server's words for an int out of its range.
-constexpr std::string_view kIntOverflow =
-    "Arithmetic overflow error converting expression to data type int.";
 constexpr std::string_view kIntRange = "BETWEEN -2147483648 AND 2147483647";
 
 constexpr std::string_view kIntTriggersComment =
@@ -365,12 +250,16 @@ std::string sqlServerDdl() {
 
 }  // namespace
 
-std::vector<const catalogue::Table*> tablesParentsFirst() {
-  return creationOrder();
-}
-
 std::string registerDdl(Dialect dialect) {
-  return dialect == Dialect::Sqlite ? sqliteDdl() : sqlServerDdl();
+  switch (dialect) {
+    case Dialect::Sqlite:
+      return sqliteDdl();
+    case Dialect::SqlServer:
+      return sqlServerDdl();
+    case Dialect::Postgres:
+      return postgresDdl();
+  }
+  return {};
 }
 
 }  // namespace varnock::schema

@@ -1,5 +1,6 @@
 // The register's DDL against the catalogue: a created register read back
-// through SQLite's own pragmas, and the SQL Server script read as text.
+// through SQLite's own pragmas, the SQL Server and PostgreSQL scripts read as
+// text.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
@@ -261,6 +262,87 @@ TEST(RegisterDdl, SqlServerScriptDeclaresEveryTableWithItsColumnsAndConstraints)
     }
   }
   EXPECT_EQ(occurrences(script, "CREATE INDEX"), indexCount);
+}
+
+std::string folded(std::string_view name) {
+  std::string lower(name);
+  for (char& c : lower)
+    c = static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
+  return "\"" + lower + "\"";
+}
+
+std::string postgresType(const Column& c) {
+  switch (c.type) {
+    case SqlType::Int:
+      return "integer";
+    case SqlType::Bit:
+      return "boolean";
+    default:
+      return std::string(catalogue::sqlTypeName(c.type));
+  }
+}
+
+// The PostgreSQL script as text; tests/client/postgres_register_test.cpp runs
+// it on a server.
+TEST(RegisterDdl, PostgresScriptDeclaresEveryTableInLowerCaseWithItsKeysAndTriggers) {
+  const std::string script = registerDdl(Dialect::Postgres);
+  EXPECT_EQ(script.find("BEGIN;"), script.find("\nBEGIN;\n") + 1);
+  EXPECT_EQ(script.rfind("COMMIT;\n"), script.size() - 8);
+  std::size_t lengthChecks = 0, dateChecks = 0;
+  for (const Table& t : catalogue::tables()) {
+    const std::string name = folded(t.name);
+    const std::string create = "CREATE TABLE " + name + " (\n";
+    ASSERT_EQ(occurrences(script, create), 1u) << name;
+    const std::size_t start = script.find(create);
+    const std::string body = script.substr(start, script.find("\n);", start) - start);
+    const std::string function = "CREATE FUNCTION " + folded(std::string(t.name) + "_row") + "()";
+    const std::size_t triggerStart = script.find(function);
+    const std::string trigger =
+        triggerStart == std::string::npos
+            ? ""
+            : script.substr(triggerStart, script.find("$$;", triggerStart) - triggerStart);
+    std::size_t previous = 0;
+    for (const Column& c : t.columns) {
+      const std::string column = "  " + folded(c.field) + " " + postgresType(c) +
+                                 (c.nullRefused ? " NOT NULL" : "") + (",\n");
+      const std::size_t at = (body + ",\n").find(column);
+      EXPECT_TRUE(at != std::string::npos && at >= previous) << name << ": " << column;
+      if (at != std::string::npos) previous = at;
+      const std::string fresh = "NEW." + folded(c.field);
+      if (c.type == SqlType::Smalldatetime) {
+        ++dateChecks;
+        EXPECT_EQ(occurrences(trigger, fresh + " := register_smalldatetime(" + fresh + ");"), 1u)
+            << name << "." << c.field;
+      } else if (c.type == SqlType::Nvarchar) {
+        ++lengthChecks;
+        EXPECT_EQ(occurrences(trigger, fresh + " := register_nvarchar(" + fresh + ", " +
+                                           std::to_string(c.length) + ");"),
+                  1u)
+            << name << "." << c.field;
+      }
+    }
+    std::string key;
+    for (const std::uint8_t k : t.keyColumns)
+      key += (key.empty() ? "" : ", ") + folded(t.columns[k].field);
+    EXPECT_EQ(occurrences(body, "PRIMARY KEY"), t.wholeRowKey ? 0u : 1u) << name;
+    if (!t.wholeRowKey) {
+      EXPECT_EQ(occurrences(body, "CONSTRAINT " + folded("pk_" + std::string(t.name)) +
+                                      " PRIMARY KEY (" + key + ")"),
+                1u)
+          << name;
+    }
+    EXPECT_EQ(occurrences(body, "FOREIGN KEY"), parentsOf(t).size()) << name;
+    for (const Relation* r : parentsOf(t)) {
+      EXPECT_EQ(occurrences(body, "FOREIGN KEY (" + folded(r->joinField) + ")\n    REFERENCES " +
+                                      folded(r->other) + " (" + folded(r->joinField) + ")"),
+                1u)
+          << name;
+      EXPECT_LT(script.find("CREATE TABLE " + folded(r->other) + " ("), start) << name;
+    }
+  }
+  EXPECT_EQ(occurrences(script, ":= register_smalldatetime("), dateChecks);
+  EXPECT_EQ(occurrences(script, ":= register_nvarchar("), lengthChecks);
+  EXPECT_EQ(occurrences(script, "CREATE INDEX"), 2u);
 }
 
 }  // namespace

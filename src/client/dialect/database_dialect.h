@@ -12,7 +12,8 @@
 namespace varnock::client::dialect {
 
 struct DatabaseDialect {
-  // The kind, as register scripts are chosen by it: "SQL Server", "SQLite".
+  // The kind, as register scripts are chosen by it: "SQL Server", "SQLite",
+  // "PostgreSQL".
   std::string_view kind;
   // A query in the database's own SQL whose rows are the register's columns:
   // table name, column name, declared type in SQL Server's names (nvarchar,
@@ -24,7 +25,7 @@ struct DatabaseDialect {
 };
 
 // The dialect of the database a driver names (SQL_DBMS_NAME: "Microsoft SQL
-// Server", "SQLite"), compared without regard to case; nullptr for a
+// Server", "SQLite", "PostgreSQL"), compared without regard to case; nullptr for a
 // database Varnock cannot run its statements on.
 const DatabaseDialect* dialectForDatabase(std::string_view databaseName);
 

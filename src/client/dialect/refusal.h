@@ -5,6 +5,8 @@
 #pragma once
 
 #include <stdexcept>
+#include <string>
+#include <string_view>
 
 namespace varnock::client::dialect {
 
@@ -18,12 +20,31 @@ inline constexpr const char* kDateOutOfRangeText =
     "The conversion of a varchar data type to a smalldatetime data type resulted in an "
     "out-of-range value.";
 
+inline constexpr const char* kIntOverflowText =
+    "Arithmetic overflow error converting expression to data type int.";
+
+// "Conversion failed when converting the varchar value 'yes' to data type
+// bit.": a character string that is no value of the type; `unicode` for an
+// N'' literal, which SQL Server calls nvarchar.
+inline std::string conversionFailedText(std::string_view value, bool unicode,
+                                        std::string_view type) {
+  return "Conversion failed when converting the " + std::string(unicode ? "nvarchar" : "varchar") +
+         " value '" + std::string(value) + "' to data type " + std::string(type) + ".";
+}
+
+// "The conversion of the varchar value '3000000000' overflowed an int
+// column.": a character string whose number is out of int's range.
+inline std::string stringOverflowText(std::string_view value, bool unicode) {
+  return "The conversion of the " + std::string(unicode ? "nvarchar" : "varchar") + " value '" +
+         std::string(value) + "' overflowed an int column.";
+}
+
 class StatementRefused : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-[[noreturn]] inline void refuse(const char* description) {
+[[noreturn]] inline void refuse(const std::string& description) {
   throw StatementRefused(description);
 }
 

@@ -5,10 +5,20 @@
 
 namespace varnock::client::dialect {
 
+ColumnKind kindOfType(std::string_view declaredType) {
+  if (declaresType(declaredType, "smalldatetime") || declaresType(declaredType, "datetime"))
+    return ColumnKind::Date;
+  if (declaresType(declaredType, "bit")) return ColumnKind::Bit;
+  if (declaresType(declaredType, "int")) return ColumnKind::Int;
+  for (const std::string_view text : {"nvarchar", "ntext", "varchar", "text", "nchar", "char"}) {
+    if (declaresType(declaredType, text)) return ColumnKind::Text;
+  }
+  return ColumnKind::Other;
+}
+
 void RegisterSchema::addColumn(std::string_view table, std::string_view column,
                                std::string_view declaredType) {
-  tables_[lowerCase(table)].push_back(
-      {std::string(column), declaresType(declaredType, "smalldatetime")});
+  tables_[lowerCase(table)].push_back({std::string(column), kindOfType(declaredType)});
 }
 
 bool RegisterSchema::hasTable(std::string_view table) const {
@@ -22,8 +32,19 @@ const std::vector<RegisterSchema::Column>& RegisterSchema::columnsOf(std::string
 }
 
 bool RegisterSchema::isDateColumn(std::string_view table, std::string_view column) const {
+  return kindOf(table, column) == ColumnKind::Date;
+}
+
+ColumnKind RegisterSchema::kindOf(std::string_view table, std::string_view column) const {
   for (const Column& c : columnsOf(table)) {
-    if (equalsIgnoringCase(c.name, column)) return c.isDate;
+    if (equalsIgnoringCase(c.name, column)) return c.kind;
+  }
+  return ColumnKind::Other;
+}
+
+bool RegisterSchema::hasColumn(std::string_view table, std::string_view column) const {
+  for (const Column& c : columnsOf(table)) {
+    if (equalsIgnoringCase(c.name, column)) return true;
   }
   return false;
 }
