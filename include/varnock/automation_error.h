@@ -31,6 +31,10 @@ class AutomationError : public std::exception {
   static constexpr const char* kRuntimeSource = "Varnock";
 
   AutomationError(std::int32_t number, std::string description, std::string source);
+  // A database's failure, as ADO's Error object carries it: also the
+  // five-character SQLSTATE ("42S02") and the database's own error number.
+  AutomationError(std::int32_t number, std::string description, std::string source,
+                  std::string sqlState, std::int32_t nativeError);
 
   // A run-time error by number, with its standard description and the
   // component as source (5, 6, 13 and 94 have descriptions of their own).
@@ -40,11 +44,18 @@ class AutomationError : public std::exception {
   const std::string& description() const noexcept { return description_; }
   const std::string& source() const noexcept { return source_; }
   const char* what() const noexcept override { return description_.c_str(); }
+  // The SQLSTATE of a database's failure; empty for any other failure.
+  const std::string& sqlState() const noexcept { return sqlState_; }
+  // The database's own error number (SQL Server's 208 for an unknown
+  // object); 0 for any other failure.
+  std::int32_t nativeError() const noexcept { return nativeError_; }
 
  private:
   std::int32_t number_;
   std::string description_;
   std::string source_;
+  std::string sqlState_;
+  std::int32_t nativeError_ = 0;
 };
 
 }  // namespace varnock

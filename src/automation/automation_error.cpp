@@ -26,6 +26,14 @@ const char* standardDescription(std::int32_t number) {
 AutomationError::AutomationError(std::int32_t number, std::string description, std::string source)
     : number_(number), description_(std::move(description)), source_(std::move(source)) {}
 
+AutomationError::AutomationError(std::int32_t number, std::string description, std::string source,
+                                 std::string sqlState, std::int32_t nativeError)
+    : number_(number),
+      description_(std::move(description)),
+      source_(std::move(source)),
+      sqlState_(std::move(sqlState)),
+      nativeError_(nativeError) {}
+
 AutomationError AutomationError::runtime(std::int32_t number) {
   return AutomationError(number, standardDescription(number), kRuntimeSource);
 }

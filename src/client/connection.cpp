@@ -38,15 +38,19 @@ std::shared_ptr<const Provider> findProvider(std::string_view providerValue) {
   const std::string name = lowerCase(providerValue.substr(0, providerValue.find('.')));
   Registry& r = registry();
   std::lock_guard lock(r.mutex);
-  const auto it = r.providers.find(name);
-  return it == r.providers.end() ? nullptr : it->second;
+  if (const auto it = r.providers.find(name); it != r.providers.end()) return it->second;
+  // "SQLNCLI11" names version 11 of a provider registered as "SQLNCLI".
+  const std::size_t digits = name.find_last_not_of("0123456789") + 1;
+  if (digits == 0 || digits == name.size()) return nullptr;
+  const auto it = r.providers.find(name.substr(0, digits));
+  return it != r.providers.end() && it->second->numbered ? it->second : nullptr;
 }
 
 namespace {
 
 // The provider stays alive for the call even if it is registered anew meanwhile.
 std::shared_ptr<const Provider> providerOf(const ConnectionString& connectionString) {
-  const std::string name = connectionString.get("Provider").value_or("");
+  const std::string name = connectionString.get("Provider").value_or(kDefaultProvider);
   std::shared_ptr<const Provider> provider = findProvider(name);
   if (provider == nullptr) {
     throw AutomationError(kProviderNotFound,
@@ -68,10 +72,10 @@ void create(std::string_view connectionString, const ScriptForKind& scriptFor) {
   const ConnectionString parsed(connectionString);
   const std::shared_ptr<const Provider> provider = providerOf(parsed);
   if (!provider->create) {
-    throw AutomationError(
-        kCannotOpen,
-        "Provider=" + parsed.get("Provider").value_or("") + " cannot create a database.",
-        kClientSource);
+    throw AutomationError(kCannotOpen,
+                          "Provider=" + parsed.get("Provider").value_or(kDefaultProvider) +
+                              " cannot create a database.",
+                          kClientSource);
   }
   provider->create(parsed, scriptFor);
 }

@@ -6,6 +6,8 @@
 //   static constexpr const char* kSource;   the source its failures carry
 //   static constexpr std::int32_t kCannotOpenNumber;  what a failed open raises
 //   static constexpr std::int32_t kRejectedNumber;    what a rejected statement raises
+//   static constexpr const char* kOdbcDriver;  the ODBC driver it needs, or nullptr;
+//                                           without it the cases are skipped
 //   BackEnd();  ~BackEnd();                 a fresh, empty register, then gone
 //   std::string connectionString() const;   opens that register
 //   std::string unopenableConnectionString() const;  its provider, but no register
@@ -42,6 +44,7 @@ struct SqliteBackEnd {
   static constexpr std::int32_t kCannotOpenNumber = kCannotOpen;
   // Everything the database refuses, from syntax to constraints, is one number.
   static constexpr std::int32_t kRejectedNumber = kCommandFailed;
+  static constexpr const char* kOdbcDriver = nullptr;
 
   // A new register made by the register layer, as a user would make one.
   std::string connectionString() const { return register_.dsn(); }
@@ -60,6 +63,32 @@ struct SqliteBackEnd {
   testing::TempRegister register_;  // removed with the back end
 };
 
+// An SQLite register reached through ODBC and the SQLite3 driver, with a
+// connection string that names no provider (ADO's default, MSDASQL).
+struct SqliteOdbcBackEnd {
+  static constexpr const char* kName = "SqliteOdbc";
+  // The provider as ADO names it, whatever the driver.
+  static constexpr const char* kSource = "Microsoft OLE DB Provider for ODBC Drivers";
+  static constexpr std::int32_t kCannotOpenNumber = kCannotOpen;
+  // The SQLite driver reports every refusal as a general error (HY000),
+  // which ADO raises as E_FAIL, unlike SQL Server's syntax errors (42000).
+  static constexpr std::int32_t kRejectedNumber = kCannotOpen;
+  static constexpr const char* kOdbcDriver = "SQLite3";
+
+  std::string connectionString() const { return "Driver=SQLite3;Database=" + path(); }
+  // The driver makes a missing file, but not a missing folder.
+  std::string unopenableConnectionString() const {
+    return "Driver=SQLite3;Database=" + (register_.folder() / "missing" / "x.db").string();
+  }
+  void expect(std::string_view, const std::vector<Row>&) {}
+  void expectFailure(std::string_view) {}
+  void verify() const {}
+
+ private:
+  std::string path() const { return register_.path().string(); }
+  testing::TempRegister register_;  // made by the native provider, removed with the back end
+};
+
 // The recording double behind the data methods' own tests.
 struct RecordingBackEnd {
   static constexpr const char* kName = "Recording";
@@ -69,6 +98,7 @@ struct RecordingBackEnd {
   // It cannot judge SQL: a rejection raises what expectFailure() scripts,
   // SQL Server's number for a statement it refuses.
   static constexpr std::int32_t kRejectedNumber = kCommandFailed;
+  static constexpr const char* kOdbcDriver = nullptr;
 
   // Registering again resets the one script every connection answers from.
   RecordingBackEnd() { testing::registerRecordingProvider(); }
@@ -101,7 +131,7 @@ struct RecordingBackEnd {
   std::vector<std::string> announced_;  // every statement the suite ran, in order
 };
 
-using BackEnds = ::testing::Types<SqliteBackEnd, RecordingBackEnd>;
+using BackEnds = ::testing::Types<SqliteBackEnd, SqliteOdbcBackEnd, RecordingBackEnd>;
 
 // Names each typed case after its back end ("ProviderConformance/SQLite.").
 struct BackEndNames {

@@ -30,7 +30,8 @@ const std::map<std::string, std::set<std::string>>& arrows() {
       {"client/dialect", {"client"}},
       {"collation", {}},
       {"client/sqlite", {"client/dialect", "collation"}},
-      {"providers", {"client", "client/sqlite"}},
+      {"client/odbc", {"client/dialect"}},
+      {"providers", {"client", "client/sqlite", "client/odbc"}},
       {"record", {"catalogue", "eventLog"}},
       {"sql", {"record", "client"}},
       {"relations", {"sql"}},
@@ -101,6 +102,7 @@ std::string layerOf(const std::string& relative) {
   }
   if (relative.rfind("tools/", 0) == 0) return "generators";
   if (relative.rfind("src/client/sqlite/", 0) == 0) return "client/sqlite";
+  if (relative.rfind("src/client/odbc/", 0) == 0) return "client/odbc";
   if (relative.rfind("src/", 0) == 0) {
     const std::string rest = relative.substr(4);
     return rest.substr(0, rest.find('/'));
@@ -116,6 +118,7 @@ std::string layerNamed(const std::string& included) {
     return owner.empty() ? "unknown public header" : owner;
   }
   if (included.rfind("client/sqlite/", 0) == 0) return "client/sqlite";
+  if (included.rfind("client/odbc/", 0) == 0) return "client/odbc";
   const std::size_t slash = included.find('/');
   return slash == std::string::npos ? std::string() : included.substr(0, slash);
 }

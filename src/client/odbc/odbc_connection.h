@@ -1,0 +1,35 @@
+// A Connection over ODBC: statements in SQL Server's dialect are carried over
+// to the database's own by the dialect its driver's database name picks, one
+// statement per execute, and their rows read in full at once.
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "client/client.h"
+#include "client/dialect/register_schema.h"
+#include "client/odbc/odbc_session.h"
+
+namespace varnock::client::odbc {
+
+class OdbcConnection final : public Connection {
+ public:
+  // Connects (see OdbcSession) and, for a dialect that needs it, reads the
+  // register's schema through the connection.
+  OdbcConnection(const OdbcLogin& login, std::string source);
+
+  std::unique_ptr<Recordset> execute(std::string_view statement) override;
+  void close() noexcept override;
+
+ private:
+  std::unique_ptr<OdbcSession> session_;
+  std::string source_;
+  dialect::RegisterSchema schema_;
+};
+
+// Refusals that every provider words alike.
+inline constexpr const char* kSeveralStatementsText =
+    "The command text holds more than one statement; the register runs one at a time.";
+inline constexpr const char* kNoStatementText = "The command text holds no statement.";
+
+}  // namespace varnock::client::odbc

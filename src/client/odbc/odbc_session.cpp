@@ -1,0 +1,146 @@
+#include "client/odbc/odbc_session.h"
+
+#include <sqlext.h>
+#include <sqlucode.h>
+
+#include <cstdint>
+#include <limits>
+#include <utility>
+
+#include "client/odbc/column_values.h"
+#include "client/odbc/odbc_errors.h"
+#include "client/odbc/wide_text.h"
+
+namespace varnock::client::odbc {
+
+static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "the wide calls take UTF-16 code units");
+
+namespace {
+
+SQLWCHAR* wide(std::u16string& text) {
+  return reinterpret_cast<SQLWCHAR*>(text.data());
+}
+
+// Attributes a driver may not offer: one it refuses leaves its default.
+void setAttribute(SQLHDBC connection, SQLINTEGER attribute, SQLULEN value) {
+  SQLSetConnectAttrW(connection, attribute, reinterpret_cast<SQLPOINTER>(value), 0);
+}
+
+std::string dbmsName(SQLHDBC connection, const std::string& source) {
+  std::u16string name(128, u'\0');
+  SQLSMALLINT bytes = 0;
+  if (!SQL_SUCCEEDED(SQLGetInfoW(connection, SQL_DBMS_NAME, wide(name),
+                                 static_cast<SQLSMALLINT>(name.size() * 2), &bytes))) {
+    raiseFrom(SQL_HANDLE_DBC, connection, source);
+  }
+  name.resize(std::min(name.size(), static_cast<std::size_t>(bytes) / 2));
+  return toUtf8(name);
+}
+
+// The rows of the current result, every value read as it comes.
+ResultRows readResult(SQLHSTMT statement, const std::string& source) {
+  const std::vector<ResultColumn> columns = resultColumns(statement, source);
+  ResultRows result;
+  for (const ResultColumn& column : columns)
+    result.names.push_back(column.name);
+  std::vector<std::vector<Variant>>& rows = result.rows;
+  if (!columns.empty()) {
+    for (;;) {
+      const SQLRETURN fetched = SQLFetch(statement);
+      if (fetched == SQL_NO_DATA) break;
+      if (!SQL_SUCCEEDED(fetched)) raiseFrom(SQL_HANDLE_STMT, statement, source);
+      std::vector<Variant>& row = rows.emplace_back();
+      row.reserve(columns.size());
+      for (std::size_t i = 0; i < columns.size(); ++i) {
+        row.push_back(
+            columnValue(statement, static_cast<SQLUSMALLINT>(i + 1), columns[i].kind, source));
+      }
+    }
+  }
+  return result;
+}
+
+}  // namespace
+
+OdbcSession::OdbcSession(const OdbcLogin& login, std::string source)
+    : source_(std::move(source)), connection_(std::make_shared<ConnectionHandle>(source_)) {
+  std::u16string text = toUtf16(login.connectionString);
+  if (text.size() > static_cast<std::size_t>(std::numeric_limits<SQLSMALLINT>::max())) {
+    fail(kCannotOpen, "The connection string is too long for ODBC.", source_);
+  }
+  const SQLHDBC dbc = connection_->get();
+  setAttribute(dbc, SQL_ATTR_LOGIN_TIMEOUT, login.loginTimeoutSeconds);
+  if (login.packetSize) setAttribute(dbc, SQL_ATTR_PACKET_SIZE, *login.packetSize);
+  const SQLRETURN connected =
+      SQLDriverConnectW(dbc, nullptr, wide(text), static_cast<SQLSMALLINT>(text.size()), nullptr, 0,
+                        nullptr, SQL_DRIVER_NOPROMPT);
+  if (!SQL_SUCCEEDED(connected)) raiseFrom(SQL_HANDLE_DBC, dbc, source_);
+  connection_->markConnected();
+  databaseName_ = dbmsName(dbc, source_);
+  dialect_ = dialect::dialectForDatabase(databaseName_);
+  if (dialect_ == nullptr) {
+    fail(kCannotOpen,
+         "The ODBC data source is a database of kind \"" + databaseName_ +
+             "\", which Varnock cannot run its statements on.",
+         source_);
+  }
+}
+
+ResultRows OdbcSession::run(std::string_view sql) {
+  std::u16string text = toUtf16(sql);
+  if (text.size() > static_cast<std::size_t>(std::numeric_limits<SQLINTEGER>::max())) {
+    fail(kCommandFailed, "The command text is too long for ODBC.", source_);
+  }
+  const StatementHandle statement(connection_, source_);
+  const SQLRETURN ran =
+      SQLExecDirectW(statement.get(), wide(text), static_cast<SQLINTEGER>(text.size()));
+  // SQL_NO_DATA: a write that met no row.
+  if (ran == SQL_NO_DATA) return {};
+  if (!SQL_SUCCEEDED(ran)) raiseFrom(SQL_HANDLE_STMT, statement.get(), source_);
+  ResultRows rows = readResult(statement.get(), source_);
+  for (;;) {
+    const SQLRETURN next = SQLMoreResults(statement.get());
+    if (next == SQL_NO_DATA) break;
+    if (!SQL_SUCCEEDED(next)) raiseFrom(SQL_HANDLE_STMT, statement.get(), source_);
+  }
+  return rows;
+}
+
+void OdbcSession::setAutocommit(bool on) {
+  const SQLRETURN set = SQLSetConnectAttrW(connection_->get(), SQL_ATTR_AUTOCOMMIT,
+                                           reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(
+                                               on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF)),
+                                           SQL_IS_UINTEGER);
+  if (!SQL_SUCCEEDED(set)) raiseFrom(SQL_HANDLE_DBC, connection_->get(), source_);
+}
+
+void OdbcSession::commit() {
+  if (!SQL_SUCCEEDED(SQLEndTran(SQL_HANDLE_DBC, connection_->get(), SQL_COMMIT))) {
+    raiseFrom(SQL_HANDLE_DBC, connection_->get(), source_);
+  }
+}
+
+void OdbcSession::rollback() noexcept {
+  SQLEndTran(SQL_HANDLE_DBC, connection_->get(), SQL_ROLLBACK);
+}
+
+std::vector<std::string> OdbcSession::tableNames() {
+  const StatementHandle statement(connection_, source_);
+  std::u16string type = u"TABLE";
+  if (!SQL_SUCCEEDED(SQLTablesW(statement.get(), nullptr, 0, nullptr, 0, nullptr, 0, wide(type),
+                                static_cast<SQLSMALLINT>(type.size())))) {
+    raiseFrom(SQL_HANDLE_STMT, statement.get(), source_);
+  }
+  std::vector<std::string> names;
+  for (;;) {
+    const SQLRETURN fetched = SQLFetch(statement.get());
+    if (fetched == SQL_NO_DATA) break;
+    if (!SQL_SUCCEEDED(fetched)) raiseFrom(SQL_HANDLE_STMT, statement.get(), source_);
+    // TABLE_NAME is the third column of SQLTables' result.
+    const Variant name = columnValue(statement.get(), 3, ValueKind::Text, source_);
+    if (!name.isNull()) names.push_back(name.asString());
+  }
+  return names;
+}
+
+}  // namespace varnock::client::odbc
