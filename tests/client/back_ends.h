@@ -3,9 +3,9 @@
 // in BackEnds below. A back end offers:
 //
 //   static constexpr const char* kName;     its name in test names and logs
-//   static constexpr const char* kSource;   the source its failures carry
-//   static constexpr std::int32_t kCannotOpenNumber;  what a failed open raises
-//   static constexpr std::int32_t kRejectedNumber;    what a rejected statement raises
+//   static std::string source();           the source its failures carry
+//   static std::int32_t cannotOpenNumber(); what a failed open raises
+//   static std::int32_t rejectedNumber();   what a rejected statement raises
 //   static constexpr const char* kOdbcDriver;  the ODBC driver it needs, or nullptr;
 //                                           without it the cases are skipped
 //   BackEnd();  ~BackEnd();                 a fresh, empty register, then gone
@@ -23,11 +23,13 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "client/client.h"
+#include "support/back_end.h"
 #include "support/recording_provider.h"
 #include "support/temp_register.h"
 
@@ -35,22 +37,46 @@ namespace varnock::client::conformance {
 
 using testing::Row;
 
-// The embedded SQLite provider on a register file of its own.
-struct SqliteBackEnd {
-  static constexpr const char* kName = "SQLite";
-  // Every failure names the provider, whatever SQLite itself reported.
-  static constexpr const char* kSource = "Varnock.SQLite";
-  // A file it cannot open, or one that is no database.
-  static constexpr std::int32_t kCannotOpenNumber = kCannotOpen;
-  // Everything the database refuses, from syntax to constraints, is one number.
-  static constexpr std::int32_t kRejectedNumber = kCommandFailed;
+// A real register of the back end the program runs on (support/back_end.h):
+// the embedded SQLite provider, SQLite's ODBC driver or PostgreSQL's. The
+// register test program runs the suite once per back end.
+struct RegisterBackEnd {
+  static constexpr const char* kName = "Register";
+  // The program checks at its start that its back end can run here.
   static constexpr const char* kOdbcDriver = nullptr;
 
-  // A new register made by the register layer, as a user would make one.
+  // Every failure names the provider, whatever the database reported: the
+  // embedded one, or ODBC's as ADO names it.
+  static std::string source() { return testing::providerSource(); }
+  // A file it cannot open, one that is no database, a database that is not
+  // there: the provider's failure to open.
+  static std::int32_t cannotOpenNumber() { return kCannotOpen; }
+  // What the database refuses. The embedded provider raises one number for
+  // every refusal; through ODBC the number follows the SQLSTATE, and SQLite's
+  // driver reports every refusal as a general error (HY000, E_FAIL) where
+  // PostgreSQL's names a missing table (42P01, a refused command).
+  static std::int32_t rejectedNumber() {
+    return testing::chosenBackEnd() == testing::BackEnd::SqliteOdbc ? kCannotOpen : kCommandFailed;
+  }
+
   std::string connectionString() const { return register_.dsn(); }
-  // Opening never makes a file, so a missing one stays unopenable.
+  // The same provider and driver, but no register: a missing file (which
+  // neither the provider nor the driver, told NoCreat, makes), or a database
+  // the server does not have.
   std::string unopenableConnectionString() const {
-    return "Provider=SQLite;Data Source=" + (register_.folder() / "missing.db").string();
+    const std::filesystem::path missing = register_.folder() / "missing.db";
+    switch (testing::chosenBackEnd()) {
+      case testing::BackEnd::SqliteOdbc:
+        return testing::TempRegister::sqliteOdbcConnectionString(missing);
+      case testing::BackEnd::Postgres: {
+        std::string dsn = register_.dsn();
+        const std::size_t database = dsn.find(";Database=") + 10;
+        return dsn.replace(database, dsn.find(';', database) - database, "no_such_register");
+      }
+      case testing::BackEnd::Sqlite:
+        break;
+    }
+    return "Provider=SQLite;Data Source=" + missing.string();
   }
   // The database computes rows and failures itself. It knows the columns of
   // a statement without rows too: asking a write's rows for a field is an
@@ -63,41 +89,15 @@ struct SqliteBackEnd {
   testing::TempRegister register_;  // removed with the back end
 };
 
-// An SQLite register reached through ODBC and the SQLite3 driver, with a
-// connection string that names no provider (ADO's default, MSDASQL).
-struct SqliteOdbcBackEnd {
-  static constexpr const char* kName = "SqliteOdbc";
-  // The provider as ADO names it, whatever the driver.
-  static constexpr const char* kSource = "Microsoft OLE DB Provider for ODBC Drivers";
-  static constexpr std::int32_t kCannotOpenNumber = kCannotOpen;
-  // The SQLite driver reports every refusal as a general error (HY000),
-  // which ADO raises as E_FAIL, unlike SQL Server's syntax errors (42000).
-  static constexpr std::int32_t kRejectedNumber = kCannotOpen;
-  static constexpr const char* kOdbcDriver = "SQLite3";
-
-  std::string connectionString() const { return "Driver=SQLite3;Database=" + path(); }
-  // The driver makes a missing file, but not a missing folder.
-  std::string unopenableConnectionString() const {
-    return "Driver=SQLite3;Database=" + (register_.folder() / "missing" / "x.db").string();
-  }
-  void expect(std::string_view, const std::vector<Row>&) {}
-  void expectFailure(std::string_view) {}
-  void verify() const {}
-
- private:
-  std::string path() const { return register_.path().string(); }
-  testing::TempRegister register_;  // made by the native provider, removed with the back end
-};
-
 // The recording double behind the data methods' own tests.
 struct RecordingBackEnd {
   static constexpr const char* kName = "Recording";
-  static constexpr const char* kSource = testing::kRecordingSource;
+  static std::string source() { return testing::kRecordingSource; }
   // "Fail=1" fails at open with this number.
-  static constexpr std::int32_t kCannotOpenNumber = kCannotOpen;
+  static std::int32_t cannotOpenNumber() { return kCannotOpen; }
   // It cannot judge SQL: a rejection raises what expectFailure() scripts,
   // SQL Server's number for a statement it refuses.
-  static constexpr std::int32_t kRejectedNumber = kCommandFailed;
+  static std::int32_t rejectedNumber() { return kCommandFailed; }
   static constexpr const char* kOdbcDriver = nullptr;
 
   // Registering again resets the one script every connection answers from.
@@ -116,7 +116,7 @@ struct RecordingBackEnd {
   void expectFailure(std::string_view statement) {
     announced_.emplace_back(statement);
     script().answers.emplace_back(
-        AutomationError(kRejectedNumber, "Incorrect syntax near 'x'.", kSource));
+        AutomationError(rejectedNumber(), "Incorrect syntax near 'x'.", source()));
   }
   // Answers go out in order whatever the statement, so a case that runs a
   // statement it did not announce would read another statement's rows.
@@ -131,7 +131,12 @@ struct RecordingBackEnd {
   std::vector<std::string> announced_;  // every statement the suite ran, in order
 };
 
-using BackEnds = ::testing::Types<SqliteBackEnd, SqliteOdbcBackEnd, RecordingBackEnd>;
+// The register test program runs the real register; the unit tests the double.
+#ifdef VARNOCK_REGISTER_TEST_PROGRAM
+using BackEnds = ::testing::Types<RegisterBackEnd>;
+#else
+using BackEnds = ::testing::Types<RecordingBackEnd>;
+#endif
 
 // Names each typed case after its back end ("ProviderConformance/SQLite.").
 struct BackEndNames {

@@ -143,8 +143,8 @@ TYPED_TEST(ProviderConformance, AnUnknownProviderIsNotFound) {
 TYPED_TEST(ProviderConformance, AFailedOpenRaisesTheProvidersOwnFailure) {
   const AutomationError failed =
       raisedBy([&] { open(this->backEnd_.unopenableConnectionString()); });
-  EXPECT_EQ(failed.number(), TypeParam::kCannotOpenNumber);
-  EXPECT_EQ(failed.source(), TypeParam::kSource);
+  EXPECT_EQ(failed.number(), TypeParam::cannotOpenNumber());
+  EXPECT_EQ(failed.source(), TypeParam::source());
   EXPECT_FALSE(failed.description().empty());
 }
 
@@ -290,8 +290,8 @@ TYPED_TEST(ProviderConformance, ColumnValuesComeBackAsTheirAutomationTypes) {
 
 TYPED_TEST(ProviderConformance, ARejectedStatementRaisesAndTheConnectionGoesOn) {
   const AutomationError rejected = this->rejection("SELECT * FROM [Nowhere]");
-  EXPECT_EQ(rejected.number(), TypeParam::kRejectedNumber);
-  EXPECT_EQ(rejected.source(), TypeParam::kSource);
+  EXPECT_EQ(rejected.number(), TypeParam::rejectedNumber());
+  EXPECT_EQ(rejected.source(), TypeParam::source());
   EXPECT_FALSE(rejected.description().empty());
   this->addCountries({"Chad"});
   EXPECT_EQ(column(*this->run("SELECT * FROM [Country]", {{{"Country", "Chad"}}}), "Country"),

@@ -1,8 +1,11 @@
 // The writing operations against a real register file.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <fstream>
 
+#include "automation/text.h"
+#include "support/back_end.h"
 #include "support/captured_events.h"
 #include "support/temp_register.h"
 #include "varnock/conversions.h"
@@ -99,7 +102,8 @@ TEST_F(RegisterWriting, TheDatabaseRefusalsTakeTheErrorPath) {
   EXPECT_EQ(events_.last().source, "AddUser");
   EXPECT_NE(events_.last().message.find("SQL = INSERT INTO [User] ([UserName], [Lastname]"),
             std::string::npos);
-  EXPECT_NE(user.GetLastErrorMessage().find("UNIQUE"), std::string::npos);
+  // The database's own words, whichever database it is.
+  EXPECT_NE(lowerCase(user.GetLastErrorMessage()).find("unique"), std::string::npos);
   EXPECT_EQ(user.get_Username(), Variant("jdoe"));  // the object keeps its values
 
   GroupMember member;
@@ -107,13 +111,13 @@ TEST_F(RegisterWriting, TheDatabaseRefusalsTakeTheErrorPath) {
   member.put_GroupCode("NOSUCH");
   member.put_Username("jdoe");
   EXPECT_FALSE(member.AddGroupMember());
-  EXPECT_NE(member.GetLastErrorMessage().find("FOREIGN KEY"), std::string::npos);
+  EXPECT_NE(lowerCase(member.GetLastErrorMessage()).find("foreign key"), std::string::npos);
 
   User incomplete;
   connect(incomplete);
   incomplete.put_Username("nobody");
   EXPECT_FALSE(incomplete.AddUser());
-  EXPECT_NE(incomplete.GetLastErrorMessage().find("NOT NULL"), std::string::npos);
+  EXPECT_NE(lowerCase(incomplete.GetLastErrorMessage()).find("null"), std::string::npos);
   EXPECT_EQ(user.CountEveryUser(), 1);
 }
 
@@ -132,7 +136,10 @@ TEST_F(RegisterWriting, ABooleanInANumberColumnTakesTheErrorPath) {
     pool.put_Address(value);
     ASSERT_EQ(pool.get_Address(), Variant(value));  // the column check takes a Boolean
     EXPECT_FALSE(pool.AddZonePool());
-    EXPECT_EQ(pool.GetLastErrorMessage(), value ? "no such column: True" : "no such column: False");
+    // The database's own words name the column it does not have.
+    EXPECT_NE(lowerCase(pool.GetLastErrorMessage()).find(value ? "true" : "false"),
+              std::string::npos)
+        << pool.GetLastErrorMessage();
     EXPECT_EQ(events_.last().source, "AddZonePool");
   }
   ZonePool counter;
@@ -237,8 +244,9 @@ TEST_F(RegisterWriting, IntColumnsHoldWhatSqlServersIntHolds) {
     ASSERT_EQ(pool.get_Address(), refused);  // the column's own check lets it through
     EXPECT_FALSE(pool.AddZonePool());
     EXPECT_EQ(events_.last().source, "AddZonePool");
-    EXPECT_EQ(pool.GetLastErrorMessage(),
-              "Arithmetic overflow error converting expression to data type int.");
+    EXPECT_THAT(
+        pool.GetLastErrorMessage(),
+        ::testing::HasSubstr("Arithmetic overflow error converting expression to data type int."));
   }
   EXPECT_EQ(pool.CountEveryZonePool(), 0);
   // The ends of the range are kept; a fraction is cut towards zero.
@@ -262,6 +270,8 @@ TEST_F(RegisterWriting, IntColumnsHoldWhatSqlServersIntHolds) {
 
 TEST_F(RegisterWriting, TextsHoldingNulCharactersAreStoredAndReadBackWhole) {
   using namespace std::string_literals;
+  if (testing::backEndDiffers(testing::Difference::TextCannotHoldNul))
+    GTEST_SKIP() << "this back end's texts cannot hold NUL characters";
   User user;
   fillUser(user, "nul\0user"s);
   user.put_Bio("\0starts, in\0side\0\0, ends\0"s);
@@ -285,24 +295,29 @@ TEST_F(RegisterWriting, LargeTextsAreWrittenComparedAndReadBackExactly) {
   // Larger than any literal kept in a statement's text, with an apostrophe
   // and a NUL in one of them.
   const std::string plain(300 * 1024, 'p');
-  const std::string odd = std::string(200 * 1024, 'q') + "O'Brien\0end"s;
-  User user;
-  fillUser(user, "large");
-  user.put_Bio(plain);
-  user.put_AuthorisationMessage(odd);
-  ASSERT_TRUE(user.AddUser()) << user.GetLastErrorMessage();
-  User back;
-  connect(back);
-  back.put_Username("large");
-  ASSERT_TRUE(back.GetUser()) << back.GetLastErrorMessage();
-  EXPECT_TRUE(back.get_Bio() == Variant(plain));
-  EXPECT_TRUE(back.get_AuthorisationMessage() == Variant(odd));
+  const std::string odd =
+      std::string(200 * 1024, 'q') + "O'Brien" +
+      (testing::backEndDiffers(testing::Difference::TextCannotHoldNul) ? "end"s : "\0end"s);
+  // ntext holds them; an nvarchar(255) would refuse them, as SQL Server does.
+  for (const auto& [name, text] : {std::pair{"large", &plain}, std::pair{"odd", &odd}}) {
+    User user;
+    fillUser(user, name);
+    user.put_AuthorisationMessage(*text);
+    ASSERT_TRUE(user.AddUser()) << user.GetLastErrorMessage();
+    User back;
+    connect(back);
+    back.put_Username(name);
+    ASSERT_TRUE(back.GetUser()) << back.GetLastErrorMessage();
+    EXPECT_TRUE(back.get_AuthorisationMessage() == Variant(*text));
+  }
   // A large literal in a condition is the same text as the value stored.
   std::string escaped;
   for (const char c : odd)
     escaped += c == '\'' ? "''" : std::string(1, c);
-  EXPECT_EQ(back.CountEveryUser("Bio = '" + plain + "'"), 1);
-  EXPECT_EQ(back.CountEveryUser("AuthorisationMessage = '" + escaped + "'"), 1);
+  User counter;
+  connect(counter);
+  EXPECT_EQ(counter.CountEveryUser("AuthorisationMessage = '" + plain + "'"), 1);
+  EXPECT_EQ(counter.CountEveryUser("AuthorisationMessage = '" + escaped + "'"), 1);
 }
 
 TEST_F(RegisterWriting, DeleteByKeyChecksFirstAndReloadsTheObject) {

@@ -30,8 +30,21 @@ std::vector<std::string_view> piecesOf(std::string_view script, std::string_view
   return pieces;
 }
 
+// The tables the register would meet: where the dialect reads the register's
+// schema, those of that schema only (PostgreSQL's current schema, where the
+// new tables would go), otherwise every table the driver lists.
+std::vector<std::string> tablesInTheWay(OdbcSession& session) {
+  const std::string_view schemaQuery = session.dialect().schemaQuery;
+  if (schemaQuery.empty()) return session.tableNames();
+  std::vector<std::string> tables;
+  for (const std::vector<Variant>& row : session.run(schemaQuery).rows) {
+    if (!row.empty() && row[0].isString()) tables.push_back(row[0].asString());
+  }
+  return tables;
+}
+
 void refuseExistingTables(OdbcSession& session, std::string_view script) {
-  const std::vector<std::string> existing = session.tableNames();
+  const std::vector<std::string> existing = tablesInTheWay(session);
   std::string clashes;
   for (const std::string& created : createdTables(script)) {
     for (const std::string& table : existing) {
