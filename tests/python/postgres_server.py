@@ -22,6 +22,16 @@ UNAVAILABLE_STATUS = 3  # the script's: PostgreSQL's programs are missing
 START_SECONDS = 90
 
 
+def server_environment():
+    """The environment for PostgreSQL's own programs: without the sanitizer
+    run-times that a sanitized build preloads into the interpreter, which the
+    server's processes must not load."""
+    env = dict(os.environ)
+    for name in ("LD_PRELOAD", "ASAN_OPTIONS", "UBSAN_OPTIONS", "LSAN_OPTIONS"):
+        env.pop(name, None)
+    return env
+
+
 class Unavailable(Exception):
     """PostgreSQL's programs are not installed."""
 
@@ -42,10 +52,12 @@ class PostgresServer:
     def __init__(self):
         self.folder = tempfile.mkdtemp(prefix="varnock-postgres-")
         run = subprocess.run([SCRIPT, "start", self.folder, str(os.getpid())],
+                             env=server_environment(),
                              capture_output=True, text=True, timeout=START_SECONDS,
                              check=False)
         if run.returncode != 0:
-            subprocess.run([SCRIPT, "stop", self.folder], capture_output=True, check=False)
+            subprocess.run([SCRIPT, "stop", self.folder], capture_output=True, check=False,
+                           env=server_environment())
             if os.path.isdir(self.folder):
                 os.rmdir(self.folder)
             if run.returncode == UNAVAILABLE_STATUS:
@@ -70,7 +82,7 @@ class PostgresServer:
     def environment(self):
         """The process's environment with the variables psql and libpq read."""
         c = self.connection
-        env = dict(os.environ, PGHOST=c["host"], PGPORT=str(c["port"]),
+        env = dict(server_environment(), PGHOST=c["host"], PGPORT=str(c["port"]),
                    PGDATABASE=c["database"], PGUSER=c["user"], PGPASSWORD=c["password"],
                    PGCONNECT_TIMEOUT="10", PGCLIENTENCODING="UTF8", PSQLRC="/dev/null")
         env.pop("PGOPTIONS", None)
@@ -93,6 +105,7 @@ class PostgresServer:
 
     def stop(self):
         subprocess.run([SCRIPT, "stop", self.folder], capture_output=True, timeout=60,
+                       env=server_environment(),
                        check=False)
 
 
