@@ -1,5 +1,7 @@
 #include "client/odbc/odbc_connection.h"
 
+#include <map>
+#include <mutex>
 #include <utility>
 
 #include "client/dialect/refusal.h"
@@ -17,25 +19,69 @@ void holdForeignKeys(OdbcSession& session) {
   if (session.dialect().kind == "SQLite") session.run("PRAGMA foreign_keys = ON");
 }
 
-dialect::RegisterSchema schemaOf(OdbcSession& session) {
+// The schema, and in `columns` how many columns it lists.
+dialect::RegisterSchema readSchema(OdbcSession& session, std::size_t& columns) {
   dialect::RegisterSchema schema;
+  columns = 0;
   const std::string_view query = session.dialect().schemaQuery;
   if (query.empty()) return schema;
   // Table, column and declared type, by position: the query's own column
   // names differ between databases.
   const auto text = [](const Variant& value) { return value.isString() ? value.asString() : ""; };
   for (const std::vector<Variant>& row : session.run(query).rows) {
-    if (row.size() >= 3) schema.addColumn(text(row[0]), text(row[1]), text(row[2]));
+    if (row.size() >= 3) {
+      schema.addColumn(text(row[0]), text(row[1]), text(row[2]));
+      ++columns;
+    }
+  }
+  return schema;
+}
+
+// Schemas read, by ODBC connection string. A connection is opened for every
+// data method, and reading the schema each time would cost more than the
+// statement it serves (on PostgreSQL a query of information_schema on a new
+// backend, several times the statement). A register's schema does not change
+// once made; creating one forgets what was kept for its connection string.
+// An empty schema (no register there yet) is not kept.
+struct SchemaCache {
+  std::mutex mutex;
+  std::map<std::string, std::shared_ptr<const dialect::RegisterSchema>> schemas;
+};
+
+SchemaCache& schemaCache() {
+  static SchemaCache cache;
+  return cache;
+}
+
+std::shared_ptr<const dialect::RegisterSchema> schemaOf(OdbcSession& session,
+                                                        const std::string& connectionString) {
+  SchemaCache& cache = schemaCache();
+  {
+    const std::lock_guard lock(cache.mutex);
+    const auto kept = cache.schemas.find(connectionString);
+    if (kept != cache.schemas.end()) return kept->second;
+  }
+  std::size_t columns = 0;
+  auto schema = std::make_shared<const dialect::RegisterSchema>(readSchema(session, columns));
+  if (columns > 0) {
+    const std::lock_guard lock(cache.mutex);
+    cache.schemas.insert_or_assign(connectionString, schema);
   }
   return schema;
 }
 
 }  // namespace
 
+void forgetSchema(const std::string& connectionString) {
+  SchemaCache& cache = schemaCache();
+  const std::lock_guard lock(cache.mutex);
+  cache.schemas.erase(connectionString);
+}
+
 OdbcConnection::OdbcConnection(const OdbcLogin& login, std::string source)
     : session_(std::make_unique<OdbcSession>(login, source)), source_(std::move(source)) {
   holdForeignKeys(*session_);
-  schema_ = schemaOf(*session_);
+  schema_ = schemaOf(*session_, login.connectionString);
 }
 
 std::unique_ptr<Recordset> OdbcConnection::execute(std::string_view statement) {
@@ -45,7 +91,7 @@ std::unique_ptr<Recordset> OdbcConnection::execute(std::string_view statement) {
   if (statements.size() > 1) fail(kCommandFailed, kSeveralStatementsText, source_);
   std::string translated;
   try {
-    translated = session_->dialect().translate(statements.front(), schema_);
+    translated = session_->dialect().translate(statements.front(), *schema_);
   } catch (const dialect::StatementRefused& refused) {
     fail(kCommandFailed, refused.what(), source_);
   }

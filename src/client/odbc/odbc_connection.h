@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "client/client.h"
@@ -24,8 +25,13 @@ class OdbcConnection final : public Connection {
  private:
   std::unique_ptr<OdbcSession> session_;
   std::string source_;
-  dialect::RegisterSchema schema_;
+  // Shared with the other connections to the same connection string.
+  std::shared_ptr<const dialect::RegisterSchema> schema_;
 };
+
+// Drops the register schema kept for an ODBC connection string, so that the
+// next connection reads it again: for a register just made there.
+void forgetSchema(const std::string& connectionString);
 
 // Refusals that every provider words alike.
 inline constexpr const char* kSeveralStatementsText =

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "automation/text.h"
+#include "client/odbc/odbc_connection.h"
 #include "client/odbc/odbc_errors.h"
 #include "client/odbc/odbc_session.h"
 #include "client/odbc/statement_split.h"
@@ -69,6 +70,12 @@ void runEach(OdbcSession& session, const std::vector<std::string_view>& pieces) 
 
 void createOnOdbc(const OdbcLogin& login, const std::string& source,
                   const ScriptForKind& scriptFor) {
+  // Connections keep a register's schema once read; whatever this does to
+  // the database, the next one reads it again.
+  struct Forget {
+    const std::string& connectionString;
+    ~Forget() { forgetSchema(connectionString); }
+  } forget{login.connectionString};
   OdbcSession session(login, source);
   const std::string script = scriptFor(session.dialect().kind);
   refuseExistingTables(session, script);
