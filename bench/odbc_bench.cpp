@@ -262,7 +262,7 @@ const Prepared& postgres() {
     const varnock::testing::PostgresConnection& c = server.connection();
     const std::string dsn = "Driver={PostgreSQL Unicode};Server=" + c.host + ";Port=" + c.port +
                             ";Database=" + c.database + ";UID=" + c.user + ";PWD=" + c.password +
-                            ";ConnSettings=SET search_path TO bench,public";
+                            ";CommLog=0;ConnSettings=SET search_path TO bench,public";
     varnock::createRegisterIn(dsn);
     return dsn;
   });

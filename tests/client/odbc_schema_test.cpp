@@ -30,7 +30,7 @@ TEST(OdbcSchema, ARegisterMadeAfterAConnectionReadTheDatabaseIsSeen) {
   const testing::PostgresConnection& c = server.connection();
   const std::string dsn = "Driver={PostgreSQL Unicode};Server=" + c.host + ";Port=" + c.port +
                           ";Database=" + c.database + ";UID=" + c.user + ";PWD=" + c.password +
-                          ";ConnSettings=SET search_path TO " + schema + ",public";
+                          ";CommLog=0;ConnSettings=SET search_path TO " + schema + ",public";
 
   // A schema that lists a table, but none of the register's.
   auto before = open(dsn);

@@ -34,7 +34,7 @@ class PostgresRegisterScript(unittest.TestCase):
         self.assertTrue(made.ok, made.error)
         self.addCleanup(server.psql, "DROP SCHEMA IF EXISTS %s CASCADE;" % schema)
         self.dsn = ("Driver={PostgreSQL Unicode};Server=%s;Port=%d;Database=%s;UID=%s;PWD=%s;"
-                    "ConnSettings=SET search_path TO %s,public"
+                    "CommLog=0;ConnSettings=SET search_path TO %s,public"
                     % (c["host"], c["port"], c["database"], c["user"], c["password"], schema))
         self.folder = tempfile.mkdtemp(prefix="varnock-script-")
 

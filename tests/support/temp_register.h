@@ -102,7 +102,7 @@ class TempRegister {
     const PostgresConnection& c = server.connection();
     dsn_ = "Driver={PostgreSQL Unicode};Server=" + c.host + ";Port=" + c.port +
            ";Database=" + c.database + ";UID=" + c.user + ";PWD=" + c.password +
-           ";ConnSettings=SET search_path TO " + schema + ",public";
+           ";CommLog=0;ConnSettings=SET search_path TO " + schema + ",public";
     createRegisterIn(dsn_);
 #else
     throw std::logic_error("this test program was built without the PostgreSQL server script");
