@@ -8,6 +8,7 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   libsystemd-dev
   libsqlite3-dev sqlite3
+  unixodbc-dev libsqliteodbc tdsodbc
   pybind11-dev python3-dev
 )
 missing=()
