@@ -8,7 +8,7 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   libsystemd-dev
   libsqlite3-dev sqlite3
-  unixodbc libsqliteodbc
+  unixodbc unixodbc-dev libsqliteodbc tdsodbc
   # The PostgreSQL tests' own server; citext comes with the server package
   # on Debian 12 (postgresql-contrib-15 is only a name it provides).
   postgresql-15 odbc-postgresql

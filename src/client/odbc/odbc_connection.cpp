@@ -95,7 +95,7 @@ std::unique_ptr<Recordset> OdbcConnection::execute(std::string_view statement) {
   } catch (const dialect::StatementRefused& refused) {
     fail(kCommandFailed, refused.what(), source_);
   }
-  ResultRows result = session_->run(translated);
+  ResultRows result = session_->run(withoutComments(translated));
   return std::make_unique<BufferedRecordset>(std::move(result.names), std::move(result.rows),
                                              source_);
 }

@@ -63,7 +63,7 @@ void refuseExistingTables(OdbcSession& session, std::string_view script) {
 
 void runEach(OdbcSession& session, const std::vector<std::string_view>& pieces) {
   for (const std::string_view piece : pieces)
-    session.run(piece);
+    session.run(withoutComments(piece));
 }
 
 }  // namespace

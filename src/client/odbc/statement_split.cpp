@@ -21,6 +21,13 @@ std::vector<Token> significantTokens(std::string_view sql) {
   return tokens;
 }
 
+// Without the blanks and line breaks around it.
+std::string_view trimmed(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(" \t\r\n");
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
+}
+
 }  // namespace
 
 std::vector<std::string_view> splitStatements(std::string_view sql) {
@@ -30,7 +37,7 @@ std::vector<std::string_view> splitStatements(std::string_view sql) {
   std::vector<std::string> opening;  // its first words, to tell a trigger
   int depth = 0;                     // BEGIN and CASE blocks open in a trigger body
   auto finish = [&](std::size_t end) {
-    if (significant) statements.push_back(trimBlanks(sql.substr(start, end - start)));
+    if (significant) statements.push_back(trimmed(sql.substr(start, end - start)));
     significant = false;
     opening.clear();
     depth = 0;
@@ -62,6 +69,21 @@ std::vector<std::string_view> splitStatements(std::string_view sql) {
   }
   finish(sql.size());
   return statements;
+}
+
+std::string withoutComments(std::string_view sql) {
+  std::string text;
+  text.reserve(sql.size());
+  for (std::size_t at = 0; at < sql.size();) {
+    const dialect::TokenSpan span = dialect::nextToken(sql, at);
+    if (span.kind == Token::Kind::Comment) {
+      text += ' ';  // a line comment's end of line is a token of its own, and stays
+    } else {
+      text.append(sql.substr(at, span.end - at));
+    }
+    at = span.end;
+  }
+  return text;
 }
 
 std::vector<std::string_view> splitBatches(std::string_view script) {

@@ -10,9 +10,15 @@
 
 namespace varnock::client::odbc {
 
-// The statements in order, each without its semicolon; pieces holding only
+// The statements in order, each without its semicolon and the blanks and
+// line breaks around it (comments before it stay); pieces holding only
 // blanks and comments are left out.
 std::vector<std::string_view> splitStatements(std::string_view sql);
+
+// The text with each comment replaced by a blank: the SQLite driver scans a
+// statement for quotes without knowing comments, so an apostrophe in one
+// ("-- the register's") would open a literal there.
+std::string withoutComments(std::string_view sql);
 
 // The batches of a script for SQL Server's tools: the text between lines
 // that hold only GO (in any case, blanks around it allowed); empty batches
