@@ -100,27 +100,6 @@ std::vector<std::string> tracedStatements(const std::function<void()>& call) {
   return statements;
 }
 
-void fillUser(varnock::User& user, const std::string& dsn, const std::string& name) {
-  user.put_DSN(dsn);
-  user.put_Username(name);
-  user.put_SiteType("web");
-  user.put_Firstname("Jane");
-  user.put_Lastname("Doe");
-  user.put_Country("Norway");
-  user.put_State("Oslo");
-  user.put_Password("secret");
-  user.put_Email("j@example.org");
-  user.put_Pagetopic("topic");
-  user.put_Bio("bio");
-  user.put_Graphic("g.png");
-  user.put_Link("https://example.org");
-  user.put_DateCreated(varnock::Date::fromCivil({2000, 5, 4, 13, 45, 0}));
-  user.put_Authorized(true);
-  user.put_AuthorisationDate(varnock::Date::fromCivil({2001, 2, 3, 4, 5, 0}));
-  user.put_AuthorisationMessage("approved");
-  user.put_REMOTE_ADDR("10.0.0.1");
-}
-
 // A register reached through an ODBC driver, and the statements its driver
 // receives for each measured call: the record objects' statements carried
 // over by the dialect the driver's database name picks, with the schema
@@ -174,7 +153,7 @@ class OdbcTarget {
     });
     page = sent([&] { user.GetEveryUser("", "", kPageOffset, kPageSize); });
     every = sent([&] { user.GetEveryUser(); });
-    fillUser(user, dsn_, kMarker);
+    varnock::bench::fillUser(user, dsn_, kMarker);
     const std::vector<std::u16string> added = sent([&] {
       if (!user.AddUser()) throw std::runtime_error(label_ + ": AddUser failed");
     });
@@ -371,7 +350,7 @@ void BM_AddUser(benchmark::State& state, Target which) {
   const OdbcTarget* t = targetFor(state, which);
   if (t == nullptr) return;
   varnock::User user;
-  fillUser(user, t->dsn(), "");
+  varnock::bench::fillUser(user, t->dsn(), "");
   static int n = 0;  // names stay unique across the runs of one program
   measure(state, [&] {
     user.put_Username("add" + std::to_string(n++));

@@ -36,24 +36,7 @@ std::string rawInsert(const std::string& name) {
 }
 
 void fill(varnock::User& user, const std::string& name) {
-  user.put_DSN(theRegister().dsn());
-  user.put_Username(name);
-  user.put_SiteType("web");
-  user.put_Firstname("Jane");
-  user.put_Lastname("Doe");
-  user.put_Country("Norway");
-  user.put_State("Oslo");
-  user.put_Password("secret");
-  user.put_Email("j@example.org");
-  user.put_Pagetopic("topic");
-  user.put_Bio("bio");
-  user.put_Graphic("g.png");
-  user.put_Link("https://example.org");
-  user.put_DateCreated(varnock::Date::fromCivil({2000, 5, 4, 13, 45, 0}));
-  user.put_Authorized(true);
-  user.put_AuthorisationDate(varnock::Date::fromCivil({2001, 2, 3, 4, 5, 0}));
-  user.put_AuthorisationMessage("approved");
-  user.put_REMOTE_ADDR("10.0.0.1");
+  varnock::bench::fillUser(user, theRegister().dsn(), name);
 }
 
 void BM_RawInsert(benchmark::State& state) {

@@ -10,6 +10,7 @@
 
 #include "support/raw_sqlite.h"
 #include "varnock/register.h"
+#include "varnock/user.h"
 
 namespace varnock::bench {
 
@@ -42,6 +43,28 @@ inline std::string userRow(const std::string& name) {
          "'secret', '" + name +
          "@example.org', 'topic', 'bio', NULL, NULL, '2000-05-04 13:45:00', 1, NULL, 'approved', "
          "'10.0.0.1')";
+}
+
+// Every column of a User filled, as the writing benchmarks add one.
+inline void fillUser(User& user, const std::string& dsn, const std::string& name) {
+  user.put_DSN(dsn);
+  user.put_Username(name);
+  user.put_SiteType("web");
+  user.put_Firstname("Jane");
+  user.put_Lastname("Doe");
+  user.put_Country("Norway");
+  user.put_State("Oslo");
+  user.put_Password("secret");
+  user.put_Email("j@example.org");
+  user.put_Pagetopic("topic");
+  user.put_Bio("bio");
+  user.put_Graphic("g.png");
+  user.put_Link("https://example.org");
+  user.put_DateCreated(Date::fromCivil({2000, 5, 4, 13, 45, 0}));
+  user.put_Authorized(true);
+  user.put_AuthorisationDate(Date::fromCivil({2001, 2, 3, 4, 5, 0}));
+  user.put_AuthorisationMessage("approved");
+  user.put_REMOTE_ADDR("10.0.0.1");
 }
 
 }  // namespace varnock::bench
