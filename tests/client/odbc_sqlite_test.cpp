@@ -69,6 +69,19 @@ TEST_F(SqliteThroughOdbc, TextOfEveryKindIsReadBackExactly) {
   }
 }
 
+TEST_F(SqliteThroughOdbc, TextWrittenThroughTheDriverIsTheSameTextForTheEmbeddedProvider) {
+  const std::string text = "Zürich Ørsted 中文 \xF0\x9F\x98\x80";
+  connection_->execute("INSERT INTO [Country] ([Country]) VALUES (N'" + text + "')");
+  // Found without regard to case, in the register's collation, either way.
+  EXPECT_EQ(only("SELECT * FROM [Country] WHERE Country = 'ZÜRICH ØRSTED 中文 \xF0\x9F\x98\x80'",
+                 "Country"),
+            Variant(text));
+  auto native = open(register_.dsn());
+  auto rows = native->execute("SELECT * FROM [Country]");
+  ASSERT_FALSE(rows->eof());
+  EXPECT_EQ(rows->field("Country"), Variant(text));
+}
+
 TEST_F(SqliteThroughOdbc, LongTextIsReadWholeAcrossThePiecesItComesIn) {
   // Characters beyond the BMP throughout, so that one falls across the
   // boundary between two of the pieces the reader asks for.

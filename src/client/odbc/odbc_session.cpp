@@ -86,14 +86,38 @@ OdbcSession::OdbcSession(const OdbcLogin& login, std::string source)
   }
 }
 
-ResultRows OdbcSession::run(std::string_view sql) {
+namespace {
+
+// SQLite's ODBC driver, as Debian builds it, has no wide calls: the driver
+// manager would narrow each UTF-16 unit of a statement to one byte. The
+// driver reads its narrow text as UTF-8, SQLite's own encoding, so
+// statements for it go narrow and in UTF-8. Its results are still read wide.
+bool takesUtf8Statements(const dialect::DatabaseDialect& dialect) {
+  return dialect.kind == "SQLite";
+}
+
+SQLRETURN executeText(SQLHSTMT statement, std::string_view sql, bool utf8,
+                      const std::string& source) {
+  if (utf8) {
+    std::string text(sql);
+    if (text.size() > static_cast<std::size_t>(std::numeric_limits<SQLINTEGER>::max())) {
+      fail(kCommandFailed, "The command text is too long for ODBC.", source);
+    }
+    return SQLExecDirect(statement, reinterpret_cast<SQLCHAR*>(text.data()),
+                         static_cast<SQLINTEGER>(text.size()));
+  }
   std::u16string text = toUtf16(sql);
   if (text.size() > static_cast<std::size_t>(std::numeric_limits<SQLINTEGER>::max())) {
-    fail(kCommandFailed, "The command text is too long for ODBC.", source_);
+    fail(kCommandFailed, "The command text is too long for ODBC.", source);
   }
+  return SQLExecDirectW(statement, wide(text), static_cast<SQLINTEGER>(text.size()));
+}
+
+}  // namespace
+
+ResultRows OdbcSession::run(std::string_view sql) {
   const StatementHandle statement(connection_, source_);
-  const SQLRETURN ran =
-      SQLExecDirectW(statement.get(), wide(text), static_cast<SQLINTEGER>(text.size()));
+  const SQLRETURN ran = executeText(statement.get(), sql, takesUtf8Statements(*dialect_), source_);
   // SQL_NO_DATA: a write that met no row.
   if (ran == SQL_NO_DATA) return {};
   if (!SQL_SUCCEEDED(ran)) raiseFrom(SQL_HANDLE_STMT, statement.get(), source_);
