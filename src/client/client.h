@@ -35,6 +35,10 @@ inline constexpr const char* kItemNotFoundText =
     "Item cannot be found in the collection corresponding to the requested name or ordinal.";
 inline constexpr const char* kConnectionClosedText =
     "Operation is not allowed when the object is closed.";
+// Refusals that every provider words alike: a command runs one statement.
+inline constexpr const char* kSeveralStatementsText =
+    "The command text holds more than one statement; the register runs one at a time.";
+inline constexpr const char* kNoStatementText = "The command text holds no statement.";
 
 // The rows a statement produced, read forwards once. They stay readable after
 // the connection that produced them has closed.

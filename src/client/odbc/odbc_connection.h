@@ -33,9 +33,4 @@ class OdbcConnection final : public Connection {
 // next connection reads it again: for a register just made there.
 void forgetSchema(const std::string& connectionString);
 
-// Refusals that every provider words alike.
-inline constexpr const char* kSeveralStatementsText =
-    "The command text holds more than one statement; the register runs one at a time.";
-inline constexpr const char* kNoStatementText = "The command text holds no statement.";
-
 }  // namespace varnock::client::odbc

@@ -134,10 +134,9 @@ std::unique_ptr<Recordset> SqliteConnection::execute(std::string_view statement)
   if (prepared != SQLITE_OK) fail(kCommandFailed, failureText(db_.get()));
   if (!dialect::isBlank(
           std::string_view(tail, static_cast<std::size_t>(sql.data() + sql.size() - tail)))) {
-    fail(kCommandFailed,
-         "The command text holds more than one statement; the register runs one at a time.");
+    fail(kCommandFailed, kSeveralStatementsText);
   }
-  if (!compiled) fail(kCommandFailed, "The command text holds no statement.");
+  if (!compiled) fail(kCommandFailed, kNoStatementText);
   bindLargeLiterals(compiled.get(), large);
   const int stepped = sqlite3_step(compiled.get());
   if (stepped != SQLITE_ROW && stepped != SQLITE_DONE) fail(kCommandFailed, failureText(db_.get()));
