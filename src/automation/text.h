@@ -3,6 +3,7 @@
 // fold them, and blanks (spaces and tabs) trimmed.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -29,5 +30,14 @@ constexpr std::string_view trimBlanks(std::string_view s) noexcept {
     s.remove_suffix(1);
   return s;
 }
+
+// A hash for maps keyed by std::string that are looked up by string_view
+// without a copy: std::unordered_map<std::string, T, TextHash, std::equal_to<>>.
+struct TextHash {
+  using is_transparent = void;
+  std::size_t operator()(std::string_view text) const noexcept {
+    return std::hash<std::string_view>{}(text);
+  }
+};
 
 }  // namespace varnock

@@ -5,6 +5,7 @@
 
 #include "automation/text.h"
 #include "client/provider.h"
+#include "client/session_pool.h"
 #include "varnock/automation_error.h"
 
 namespace varnock::client {
@@ -29,6 +30,8 @@ void registerProvider(std::string name, Provider provider) {
   Registry& r = registry();
   std::lock_guard lock(r.mutex);
   r.providers[lowerCase(name)] = std::make_shared<const Provider>(std::move(provider));
+  // Sessions of the provider that was there must not serve as the new one's.
+  closeIdleSessions();
 }
 
 std::shared_ptr<const Provider> findProvider(std::string_view providerValue) {
@@ -46,10 +49,7 @@ std::shared_ptr<const Provider> findProvider(std::string_view providerValue) {
   return it != r.providers.end() && it->second->numbered ? it->second : nullptr;
 }
 
-namespace {
-
-// The provider stays alive for the call even if it is registered anew meanwhile.
-std::shared_ptr<const Provider> providerOf(const ConnectionString& connectionString) {
+std::shared_ptr<const Provider> providerFor(const ConnectionString& connectionString) {
   const std::string name = connectionString.get("Provider").value_or(kDefaultProvider);
   std::shared_ptr<const Provider> provider = findProvider(name);
   if (provider == nullptr) {
@@ -61,16 +61,13 @@ std::shared_ptr<const Provider> providerOf(const ConnectionString& connectionStr
   return provider;
 }
 
-}  // namespace
-
 std::unique_ptr<Connection> open(std::string_view connectionString) {
-  const ConnectionString parsed(connectionString);
-  return providerOf(parsed)->open(parsed);
+  return openPooled(connectionString);
 }
 
 void create(std::string_view connectionString, const ScriptForKind& scriptFor) {
   const ConnectionString parsed(connectionString);
-  const std::shared_ptr<const Provider> provider = providerOf(parsed);
+  const std::shared_ptr<const Provider> provider = providerFor(parsed);
   if (!provider->create) {
     throw AutomationError(kCannotOpen,
                           "Provider=" + parsed.get("Provider").value_or(kDefaultProvider) +

@@ -20,10 +20,25 @@ namespace varnock::client {
 // OLE DB provider for ODBC drivers.
 inline constexpr const char* kDefaultProvider = "MSDASQL";
 
+// A provider's connection to a database, as the session pool holds it: the
+// connections callers open and close are lent one of these, which may serve
+// many of them in turn. Its close() ends it for good.
+class Session : public Connection {
+ public:
+  // Asked when a caller is done with it: whether it may serve the next caller
+  // exactly as a new one would (no rows still being read, no transaction
+  // open, no setting changed, still connected). Never throws.
+  virtual bool reusable() noexcept = 0;
+  // Asked before it serves again: whether it still reaches the database it was
+  // opened on as that database now is (the same file, a live server
+  // connection); it may refresh what it keeps of the schema. Never throws.
+  virtual bool current() noexcept = 0;
+};
+
 // What a provider does; each raises AutomationError when it cannot.
 struct Provider {
-  // Opens a connection to an existing database; the connection is born open.
-  std::function<std::unique_ptr<Connection>(const ConnectionString&)> open;
+  // Opens a session on an existing database; the session is born open.
+  std::function<std::unique_ptr<Session>(const ConnectionString&)> open;
   // As client::create().
   std::function<void(const ConnectionString&, const ScriptForKind&)> create;
   // Whether it also answers to its name followed by a version number, as
@@ -39,6 +54,11 @@ void registerProvider(std::string name, Provider provider);
 // The provider a Provider value names, or nullptr: the name itself first,
 // then, for a numbered provider, the name without its trailing digits.
 std::shared_ptr<const Provider> findProvider(std::string_view providerValue);
+
+// The provider a connection string's Provider key names (kDefaultProvider
+// without one); raises kProviderNotFound when none is registered. The
+// provider stays alive for its caller even if registered anew meanwhile.
+std::shared_ptr<const Provider> providerFor(const ConnectionString& connectionString);
 
 // Registers every provider built into the library. Defined by the
 // composition file, not by the client; called once, before the first look-up.

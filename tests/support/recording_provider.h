@@ -64,7 +64,7 @@ class RecordingRows final : public client::Recordset {
   std::size_t next_ = 0;
 };
 
-class RecordingConnection final : public client::Connection {
+class RecordingConnection final : public client::Session {
  public:
   std::unique_ptr<client::Recordset> execute(std::string_view statement) override {
     if (closed_) {
@@ -79,6 +79,9 @@ class RecordingConnection final : public client::Connection {
     if (auto* failure = std::get_if<AutomationError>(&answer)) throw *failure;
     return std::make_unique<RecordingRows>(std::get<std::vector<Row>>(std::move(answer)));
   }
+  // Every call is seen to open and close a connection of its own.
+  bool reusable() noexcept override { return false; }
+  bool current() noexcept override { return true; }
   // Counts one close per connection, however often it is called.
   void close() noexcept override {
     if (closed_) return;
@@ -98,7 +101,7 @@ inline void registerRecordingProvider() {
                             kRecordingSource);
     }
     ++RecordingScript::instance().opened;
-    return std::unique_ptr<client::Connection>(std::make_unique<RecordingConnection>());
+    return std::unique_ptr<client::Session>(std::make_unique<RecordingConnection>());
   };
   client::registerProvider("Recording", std::move(provider));
   RecordingScript::instance().reset();

@@ -14,6 +14,7 @@
 #include <string>
 
 #include "client/client.h"
+#include "client/session_pool.h"
 #include "support/back_end.h"
 #include "varnock/register.h"
 
@@ -44,6 +45,9 @@ class TempRegister {
     }
   }
   ~TempRegister() {
+    // Sessions kept on a register that is going would only hold its file,
+    // or a server connection, until they expire.
+    client::closeIdleSessions();
 #ifdef VARNOCK_POSTGRES_SERVER_SCRIPT
     if (!schema_.empty()) PostgresServer::shared().psql("DROP SCHEMA " + schema_ + " CASCADE");
 #endif

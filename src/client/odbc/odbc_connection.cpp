@@ -78,10 +78,27 @@ void forgetSchema(const std::string& connectionString) {
   cache.schemas.erase(connectionString);
 }
 
+namespace {
+
+// The file of an SQLite register, as SQLite's driver takes it (Database=).
+std::optional<std::string> sqliteFileOf(const OdbcLogin& login) {
+  return ConnectionString(login.connectionString).get("Database");
+}
+
+}  // namespace
+
 OdbcConnection::OdbcConnection(const OdbcLogin& login, std::string source)
-    : session_(std::make_unique<OdbcSession>(login, source)), source_(std::move(source)) {
+    : source_(std::move(source)) {
+  // Taken before the driver opens the file: a file replaced meanwhile is
+  // then seen as replaced, never the other way round.
+  std::optional<std::string> file = sqliteFileOf(login);
+  if (file) file_ = fileIdentity(*file);
+  session_ = std::make_unique<OdbcSession>(login, source_);
+  if (session_->dialect().kind != "SQLite") file_.reset();
+  sqliteFile_ = session_->dialect().kind == "SQLite" ? std::move(file) : std::nullopt;
   holdForeignKeys(*session_);
-  schema_ = schemaOf(*session_, login.connectionString);
+  connectionString_ = login.connectionString;
+  schema_ = schemaOf(*session_, connectionString_);
 }
 
 std::unique_ptr<Recordset> OdbcConnection::execute(std::string_view statement) {
@@ -98,6 +115,19 @@ std::unique_ptr<Recordset> OdbcConnection::execute(std::string_view statement) {
   ResultRows result = session_->run(withoutComments(translated));
   return std::make_unique<BufferedRecordset>(std::move(result.names), std::move(result.rows),
                                              source_);
+}
+
+bool OdbcConnection::current() noexcept {
+  if (!session_) return false;
+  if (sqliteFile_ && (!file_ || fileIdentity(*sqliteFile_) != file_)) return false;
+  if (!session_->answers()) return false;
+  // A register made, or its schema forgotten, since this session last served.
+  try {
+    schema_ = schemaOf(*session_, connectionString_);
+  } catch (...) {
+    return false;
+  }
+  return true;
 }
 
 void OdbcConnection::close() noexcept {

@@ -4,16 +4,19 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "client/client.h"
 #include "client/dialect/register_schema.h"
+#include "client/file_identity.h"
 #include "client/odbc/odbc_session.h"
+#include "client/provider.h"
 
 namespace varnock::client::odbc {
 
-class OdbcConnection final : public Connection {
+class OdbcConnection final : public Session {
  public:
   // Connects (see OdbcSession) and, for a dialect that needs it, reads the
   // register's schema through the connection.
@@ -21,10 +24,18 @@ class OdbcConnection final : public Connection {
 
   std::unique_ptr<Recordset> execute(std::string_view statement) override;
   void close() noexcept override;
+  // Its rows are read in full by execute(): nothing is left pending.
+  bool reusable() noexcept override { return session_ != nullptr; }
+  // The server still answers and, for an SQLite register, the file is the
+  // one the driver opened.
+  bool current() noexcept override;
 
  private:
   std::unique_ptr<OdbcSession> session_;
   std::string source_;
+  std::string connectionString_;           // the driver's
+  std::optional<std::string> sqliteFile_;  // an SQLite register's file (Database=)
+  std::optional<FileIdentity> file_;       // which file that was at open
   // Shared with the other connections to the same connection string.
   std::shared_ptr<const dialect::RegisterSchema> schema_;
 };

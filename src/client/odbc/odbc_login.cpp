@@ -143,7 +143,7 @@ OdbcLogin odbcLogin(const ConnectionString& connectionString) {
   std::string extended;
   for (const auto& [key, value] : connectionString.pairs()) {
     if (equalsIgnoringCase(key, "Provider") || equalsIgnoringCase(key, "Persist Security Info") ||
-        equalsIgnoringCase(key, "Connect Timeout") ||
+        equalsIgnoringCase(key, "Connect Timeout") || equalsIgnoringCase(key, "OLE DB Services") ||
         equalsIgnoringCase(key, "Connection Timeout")) {
       continue;
     }

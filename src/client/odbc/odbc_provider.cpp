@@ -52,7 +52,7 @@ std::string sqlServerSource(std::string_view providerValue) {
 Provider msdasqlProvider() {
   Provider provider;
   provider.open = [](const ConnectionString& connectionString) {
-    return std::unique_ptr<Connection>(
+    return std::unique_ptr<Session>(
         std::make_unique<OdbcConnection>(odbcLogin(connectionString), kOdbcSource));
   };
   provider.create = [](const ConnectionString& connectionString, const ScriptForKind& scriptFor) {
@@ -65,7 +65,7 @@ Provider sqlServerProvider() {
   Provider provider;
   provider.open = [](const ConnectionString& connectionString) {
     Target target = sqlServerTarget(connectionString);
-    return std::unique_ptr<Connection>(
+    return std::unique_ptr<Session>(
         std::make_unique<OdbcConnection>(target.login, std::move(target.source)));
   };
   provider.create = [](const ConnectionString& connectionString, const ScriptForKind& scriptFor) {

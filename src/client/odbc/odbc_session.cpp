@@ -167,4 +167,21 @@ std::vector<std::string> OdbcSession::tableNames() {
   return names;
 }
 
+bool OdbcSession::answers() noexcept {
+  SQLUINTEGER dead = SQL_CD_FALSE;
+  if (SQL_SUCCEEDED(
+          SQLGetConnectAttrW(connection_->get(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr)) &&
+      dead == SQL_CD_TRUE) {
+    return false;
+  }
+  // A driver learns of a connection the server dropped only when it next
+  // uses it.
+  try {
+    run("SELECT 1");
+    return true;
+  } catch (...) {
+    return false;
+  }
+}
+
 }  // namespace varnock::client::odbc

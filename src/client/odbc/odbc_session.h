@@ -47,6 +47,10 @@ class OdbcSession {
   // Never throws: used on a path that is already failing.
   void rollback() noexcept;
 
+  // Whether the server connection still answers: the driver does not report
+  // it dead, and a statement that reads nothing comes back. Never throws.
+  bool answers() noexcept;
+
   // The names of the database's tables (SQLTables, type TABLE).
   std::vector<std::string> tableNames();
 

@@ -37,17 +37,20 @@ RegisterSchema readRegisterSchema(sqlite3* db) {
   return schema;
 }
 
-std::shared_ptr<const RegisterSchema> cachedRegisterSchema(sqlite3* db, const std::string& path) {
+long long schemaVersion(sqlite3* db) {
   sqlite3_stmt* raw = nullptr;
   if (sqlite3_prepare_v2(db, "PRAGMA schema_version", -1, &raw, nullptr) != SQLITE_OK) {
     fail(kCannotOpen, sqlite3_errmsg(db));
   }
   const StatementHandle statement(raw);
   if (sqlite3_step(statement.get()) != SQLITE_ROW) fail(kCannotOpen, sqlite3_errmsg(db));
-  const sqlite3_int64 version = sqlite3_column_int64(statement.get(), 0);
+  return sqlite3_column_int64(statement.get(), 0);
+}
 
+std::shared_ptr<const RegisterSchema> cachedRegisterSchema(sqlite3* db, const std::string& path,
+                                                           long long version) {
   struct Entry {
-    sqlite3_int64 version;
+    long long version;
     std::shared_ptr<const RegisterSchema> schema;
   };
   static std::mutex mutex;

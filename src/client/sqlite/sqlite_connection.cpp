@@ -10,6 +10,7 @@
 #include "client/sqlite/sqlite_errors.h"
 #include "client/sqlite/sqlite_recordset.h"
 #include "client/sqlite/unicode_text.h"
+#include "varnock/automation_error.h"
 
 namespace varnock::client::sqlite {
 
@@ -18,6 +19,10 @@ namespace {
 // A statement that meets a register locked by another writer waits this long
 // before it gives up, as SQL Server's clients wait for a lock.
 constexpr int kBusyTimeoutMilliseconds = 30000;
+
+// Statements carried over and kept per session; past this many the kept ones
+// are dropped, so a caller sending ever new texts does not grow the session.
+constexpr std::size_t kKeptPlans = 256;
 
 // Functions a caller's condition could use to read memory addresses or reach
 // files; nothing the register's statements need. And the pragma that would
@@ -71,20 +76,11 @@ std::string asPath(const std::string& dataSource) {
   return dataSource.rfind("file:", 0) == 0 ? "./" + dataSource : dataSource;
 }
 
-// SQLite's own message; for a register this process may only read, with the
-// reason, since SQLite's words do not say which file or why.
-std::string failureText(sqlite3* db) {
-  std::string text = sqlite3_errmsg(db);
-  if ((sqlite3_extended_errcode(db) & 0xff) == SQLITE_READONLY) {
-    text += " (the register is read-only for this process: it may read it, not write it)";
-  }
-  return text;
-}
-
 // A statement without result columns runs to its end within execute(), while
 // the literals' texts are there: SQLite reads them where they are. Rows are
 // read later, so a query gets copies.
-void bindLargeLiterals(sqlite3_stmt* statement, const LargeLiterals& large) {
+// Returns the number of the last parameter bound.
+int bindLargeLiterals(sqlite3_stmt* statement, const LargeLiterals& large) {
   const auto lifetime = sqlite3_column_count(statement) == 0 ? SQLITE_STATIC : SQLITE_TRANSIENT;
   int position = 0;
   for (const std::string_view value : large.values()) {
@@ -93,6 +89,7 @@ void bindLargeLiterals(sqlite3_stmt* statement, const LargeLiterals& large) {
       fail(kCommandFailed, sqlite3_errmsg(sqlite3_db_handle(statement)));
     }
   }
+  return position;
 }
 
 }  // namespace
@@ -110,41 +107,135 @@ DatabaseHandle openDatabase(const std::string& dataSource) {
   return db;
 }
 
-SqliteConnection::SqliteConnection(const std::string& path) {
+SqliteConnection::SqliteConnection(const std::string& path)
+    : path_(path), identity_(fileIdentity(asPath(path))) {
   DatabaseHandle db = openDatabase(path);
-  schema_ = cachedRegisterSchema(db.get(), path);
-  db_ = std::move(db);
+  schemaVersion_ = schemaVersion(db.get());
+  schema_ = cachedRegisterSchema(db.get(), path, schemaVersion_);
+  statements_ = std::make_shared<StatementCache>(SharedDatabase(std::move(db)));
 }
 
-std::unique_ptr<Recordset> SqliteConnection::execute(std::string_view statement) {
-  if (!db_) fail(kConnectionClosed, kConnectionClosedText);
-  const LargeLiterals large(statement);
-  std::string sql;
+SqliteConnection::Plan SqliteConnection::planOf(std::string_view statement, int firstNumber) const {
+  Plan plan;
   try {
-    sql = dialect::toSqliteDialect(large.any() ? std::string_view(large.statement()) : statement,
-                                   *schema_);
+    plan.carriedOver = dialect::toSqliteDialect(statement, *schema_);
   } catch (const dialect::StatementRefused& refused) {
     fail(kCommandFailed, refused.what());
   }
-  sqlite3_stmt* raw = nullptr;
-  const char* tail = nullptr;
-  const int prepared =
-      sqlite3_prepare_v2(db_.get(), sql.data(), static_cast<int>(sql.size()), &raw, &tail);
-  StatementHandle compiled(raw);
-  if (prepared != SQLITE_OK) fail(kCommandFailed, failureText(db_.get()));
-  if (!dialect::isBlank(
-          std::string_view(tail, static_cast<std::size_t>(sql.data() + sql.size() - tail)))) {
-    fail(kCommandFailed, kSeveralStatementsText);
+  dialect::ParameterisedStatement parameterised =
+      dialect::parameterise(plan.carriedOver, firstNumber);
+  plan.prepared = std::move(parameterised.text);
+  plan.values = std::move(parameterised.values);
+  return plan;
+}
+
+// A value SQLite will not take as a parameter where the statement puts it
+// (a name written as a literal, more values than it binds) leaves the
+// statement as carried over, literals in place, from then on.
+PreparedStatement SqliteConnection::prepare(Plan& plan) {
+  if (plan.values.empty()) return statements_->take(plan.prepared);
+  try {
+    return statements_->take(plan.prepared);
+  } catch (const AutomationError&) {
+    PreparedStatement literal = statements_->take(plan.carriedOver);
+    plan.prepared = plan.carriedOver;
+    plan.values.clear();
+    return literal;
   }
-  if (!compiled) fail(kCommandFailed, kNoStatementText);
-  bindLargeLiterals(compiled.get(), large);
-  const int stepped = sqlite3_step(compiled.get());
-  if (stepped != SQLITE_ROW && stepped != SQLITE_DONE) fail(kCommandFailed, failureText(db_.get()));
-  return std::make_unique<SqliteRecordset>(db_, std::move(compiled), stepped == SQLITE_ROW);
+}
+
+static void bindValues(sqlite3_stmt* statement, const std::vector<dialect::LiteralValue>& values,
+                       const LargeLiterals* large) {
+  int position = large != nullptr ? bindLargeLiterals(statement, *large) : 0;
+  for (const dialect::LiteralValue& value : values) {
+    const int bound = value.kind == dialect::LiteralValue::Kind::Integer
+                          ? sqlite3_bind_int64(statement, ++position, value.integer)
+                          : sqlite3_bind_text64(statement, ++position, value.text.data(),
+                                                value.text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+    if (bound != SQLITE_OK) fail(kCommandFailed, sqlite3_errmsg(sqlite3_db_handle(statement)));
+  }
+}
+
+std::unique_ptr<Recordset> SqliteConnection::run(Plan& plan, const LargeLiterals* large) {
+  PreparedStatement prepared = prepare(plan);
+  sqlite3_stmt* statement = prepared.statement.get();
+  try {
+    bindValues(statement, plan.values, large);
+  } catch (...) {
+    statements_->giveBack(std::move(prepared));
+    throw;
+  }
+  wrote_ = wrote_ || sqlite3_stmt_readonly(statement) == 0;
+  const int stepped = sqlite3_step(statement);
+  if (stepped != SQLITE_ROW && stepped != SQLITE_DONE) {
+    std::string description = failureText(statements_->db());
+    statements_->giveBack(std::move(prepared));
+    fail(kCommandFailed, std::move(description));
+  }
+  return std::make_unique<SqliteRecordset>(statements_, std::move(prepared), stepped == SQLITE_ROW);
+}
+
+std::unique_ptr<Recordset> SqliteConnection::execute(std::string_view statement) {
+  if (!statements_) fail(kConnectionClosed, kConnectionClosedText);
+  // Statements as record objects write them are short, and one that is
+  // sent again is carried over once; one with large literals is not kept.
+  if (statement.size() <= kLargeLiteralBytes) {
+    if (auto found = plans_.find(statement); found != plans_.end()) {
+      return run(found->second, nullptr);
+    }
+    Plan plan = planOf(statement, 1);
+    if (plans_.size() >= kKeptPlans) plans_.clear();
+    return run(plans_.emplace(std::string(statement), std::move(plan)).first->second, nullptr);
+  }
+  const LargeLiterals large(statement);
+  Plan plan = large.any() ? planOf(large.statement(), static_cast<int>(large.values().size()) + 1)
+                          : planOf(statement, 1);
+  return run(plan, &large);
+}
+
+bool SqliteConnection::reusable() noexcept {
+  if (!statements_ || statements_->anyTaken() || sqlite3_get_autocommit(statements_->db()) == 0) {
+    return false;
+  }
+  if (wrote_) {
+    // What this session wrote goes into the register file now, as closing
+    // it would have done: a copy of the file taken between two calls holds
+    // every write. Where another connection is reading, the log is left for
+    // whichever connection comes last, rather than waiting for it.
+    sqlite3* db = statements_->db();
+    sqlite3_busy_timeout(db, 0);
+    sqlite3_wal_checkpoint_v2(db, "main", SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
+    sqlite3_busy_timeout(db, kBusyTimeoutMilliseconds);
+    wrote_ = false;
+  }
+  return true;
+}
+
+bool SqliteConnection::current() noexcept {
+  if (!statements_ || !identity_ || fileIdentity(asPath(path_)) != identity_) return false;
+  try {
+    // Another program may have changed the register's tables since: what
+    // was carried over, and prepared, for the old ones is dropped.
+    PreparedStatement version = statements_->take("PRAGMA schema_version");
+    const bool read = sqlite3_step(version.statement.get()) == SQLITE_ROW;
+    const long long now = read ? sqlite3_column_int64(version.statement.get(), 0) : -1;
+    statements_->giveBack(std::move(version));
+    if (!read) return false;
+    if (now != schemaVersion_) {
+      schema_ = cachedRegisterSchema(statements_->db(), path_, now);
+      schemaVersion_ = now;
+      plans_.clear();
+      statements_->clear();
+    }
+    return true;
+  } catch (...) {
+    return false;
+  }
 }
 
 void SqliteConnection::close() noexcept {
-  db_.reset();
+  plans_.clear();
+  statements_.reset();
 }
 
 }  // namespace varnock::client::sqlite

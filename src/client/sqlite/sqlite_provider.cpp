@@ -65,7 +65,7 @@ void runScript(const std::string& path, const std::string& script) {
 Provider sqliteProvider() {
   Provider provider;
   provider.open = [](const ConnectionString& connectionString) {
-    return std::unique_ptr<Connection>(
+    return std::unique_ptr<Session>(
         std::make_unique<SqliteConnection>(dataSourceOf(connectionString)));
   };
   provider.create = [](const ConnectionString& connectionString, const ScriptForKind& scriptFor) {
