@@ -361,8 +361,13 @@ bool poolingRequested(const ConnectionString& connectionString) {
   return (value & 1) != 0;
 }
 
-std::unique_ptr<Connection> openPooled(std::string_view connectionString) {
+bool poolingProcessWide() {
   static const bool processWide = pooledProcessWide();
+  return processWide;
+}
+
+std::unique_ptr<Connection> openPooled(std::string_view connectionString) {
+  const bool processWide = poolingProcessWide();
   SessionPool& pool = SessionPool::instance();
   if (std::unique_ptr<Session> idle = pool.take(connectionString)) {
     return std::make_unique<PooledConnection>(std::string(connectionString), std::move(idle), true);

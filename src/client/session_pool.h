@@ -26,6 +26,9 @@ namespace varnock::client {
 // of "OLE DB Services" that is not a whole number raises kCannotOpen.
 bool poolingRequested(const ConnectionString& connectionString);
 
+// Whether this process pools sessions at all (VARNOCK_SESSION_POOLING).
+bool poolingProcessWide();
+
 // What the pool has done in this process, for tests and diagnostics.
 struct SessionPoolCounts {
   std::uint64_t opened = 0;     // sessions opened by a provider

@@ -67,6 +67,26 @@ class TempRegister {
     return folder_;
   }
 
+  // Drops the register and makes a new, empty one in its place, under the
+  // same connection string.
+  void recreate() {
+    switch (chosenBackEnd()) {
+      case BackEnd::Sqlite:
+      case BackEnd::SqliteOdbc:
+        for (const char* suffix : {"", "-wal", "-shm"})
+          std::filesystem::remove(path_.string() + suffix);
+        createRegister(path_.string());
+        break;
+      case BackEnd::Postgres:
+#ifdef VARNOCK_POSTGRES_SERVER_SCRIPT
+        PostgresServer::shared().psql("DROP SCHEMA " + schema_ + " CASCADE; CREATE SCHEMA " +
+                                      schema_);
+        createRegisterIn(dsn_);
+#endif
+        break;
+    }
+  }
+
   // Runs statements through the client, as a separate caller would.
   void run(std::initializer_list<std::string_view> statements) const {
     auto connection = client::open(dsn_);
