@@ -3,7 +3,8 @@
 // PostgreSQL; a later database takes the next digit), the rest is the
 // statement. Tokenizing gives the text back unchanged; a translation either
 // succeeds or refuses the statement as SQL Server would, and the database
-// then accepts or refuses what it was given, never anything worse. There is
+// then accepts or refuses what it was given, never anything worse; with its
+// literals taken out as parameters it means what it meant. There is
 // no PostgreSQL server here: its translations are checked as text.
 #include <sqlite3.h>
 
@@ -15,6 +16,7 @@
 #include "automation/text.h"
 #include "catalogue/catalogue.h"
 #include "client/client.h"
+#include "client/dialect/parameterised_statement.h"
 #include "client/dialect/postgres_dialect.h"
 #include "client/dialect/refusal.h"
 #include "client/dialect/register_schema.h"
@@ -68,10 +70,34 @@ void translateForSqlite(std::string_view statement) {
     return;  // refused as SQL Server refuses it
   }
   // Prepared only: the register is not changed by what is tried on it.
-  sqlite3_stmt* prepared = nullptr;
-  sqlite3_prepare_v2(reg.db.get(), translated.data(), static_cast<int>(translated.size()),
-                     &prepared, nullptr);
-  sqlite3_finalize(prepared);
+  const auto prepare = [&](const std::string& sql) {
+    sqlite3_stmt* prepared = nullptr;
+    sqlite3_prepare_v2(reg.db.get(), sql.data(), static_cast<int>(sql.size()), &prepared, nullptr);
+    return sqlite::StatementHandle(prepared);
+  };
+  const sqlite::StatementHandle literal = prepare(translated);
+  // With its literals taken out as parameters, a statement that SQLite takes
+  // both ways has the same result columns and does the same kind of thing.
+  const dialect::ParameterisedStatement parameterised = dialect::parameterise(translated, 1);
+  check(parameterised.values.empty() == (parameterised.text == translated),
+        "a statement changes exactly when literals are taken out", translated);
+  const sqlite::StatementHandle bound = prepare(parameterised.text);
+  if (!literal || !bound) return;
+  check(sqlite3_bind_parameter_count(bound.get()) >= static_cast<int>(parameterised.values.size()),
+        "every value taken out has its parameter", parameterised.text);
+  const int columns = sqlite3_column_count(literal.get());
+  check(sqlite3_column_count(bound.get()) == columns, "the same number of result columns",
+        parameterised.text);
+  const auto name = [](sqlite3_stmt* s, int c) {
+    const char* n = sqlite3_column_name(s, c);
+    return std::string_view(n != nullptr ? n : "");
+  };
+  for (int c = 0; c < columns; ++c) {
+    check(name(literal.get(), c) == name(bound.get(), c), "result columns keep their names",
+          parameterised.text);
+  }
+  check(sqlite3_stmt_readonly(literal.get()) == sqlite3_stmt_readonly(bound.get()),
+        "a reading statement stays a reading one", parameterised.text);
 }
 
 // The register as the PostgreSQL provider reads it: lower-case names, SQL

@@ -14,6 +14,9 @@ namespace {
 struct Clause {
   bool resultColumns = false;  // between SELECT and the end of its column list
   bool ordering = false;       // in ORDER BY or GROUP BY
+  // Inside a result column, however deep: a sub-query there is part of the
+  // column's text, which names the column.
+  bool withinResultColumn = false;
 };
 
 bool endsResultColumns(std::string_view word) {
@@ -83,7 +86,7 @@ ParameterisedStatement parameterise(std::string_view statement, int firstNumber)
     LiteralValue value{LiteralValue::Kind::Text, {}, 0};
     if (kind == Token::Kind::Word) {
       if (equalsIgnoringCase(text, "select")) {
-        clause = Clause{true, false};
+        clause = Clause{true, false, clause.withinResultColumn};
       } else if (equalsIgnoringCase(text, "by") && afterOrderOrGroup) {
         clause.ordering = true;
       } else if (clause.resultColumns && endsResultColumns(text)) {
@@ -97,7 +100,12 @@ ParameterisedStatement parameterise(std::string_view statement, int firstNumber)
     }
     if (kind == Token::Kind::Symbol) {
       if (text == "(") {
-        clauses.emplace_back();
+        // An expression in parentheses is part of its clause: a result
+        // column's text is its name however deep its literals are. A
+        // sub-query's SELECT starts a clause of its own.
+        Clause inner = clauses.back();
+        inner.withinResultColumn = inner.withinResultColumn || inner.resultColumns;
+        clauses.push_back(inner);
       } else if (text == ")" && clauses.size() > 1) {
         clauses.pop_back();
       } else if (text == ";") {
@@ -107,7 +115,8 @@ ParameterisedStatement parameterise(std::string_view statement, int firstNumber)
     const bool adjacent = previousKind != Token::Kind::Space &&
                           previousKind != Token::Kind::Comment && !previousText.empty() &&
                           previousText.data() + previousText.size() == text.data();
-    const bool placeable = !clause.resultColumns && !clause.ordering && !afterAs;
+    const bool placeable =
+        !clause.resultColumns && !clause.ordering && !clause.withinResultColumn && !afterAs;
     if (placeable && kind == Token::Kind::String && text.front() == '\'' &&
         !(adjacent && previousKind == Token::Kind::Word)) {
       literal = true;
