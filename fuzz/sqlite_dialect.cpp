@@ -70,10 +70,15 @@ void translateForSqlite(std::string_view statement) {
     return;  // refused as SQL Server refuses it
   }
   // Prepared only: the register is not changed by what is tried on it.
+  // A statement SQLite reads to its end (it stops at a NUL, or after one
+  // statement of several), or none.
   const auto prepare = [&](const std::string& sql) {
     sqlite3_stmt* prepared = nullptr;
-    sqlite3_prepare_v2(reg.db.get(), sql.data(), static_cast<int>(sql.size()), &prepared, nullptr);
-    return sqlite::StatementHandle(prepared);
+    const char* tail = nullptr;
+    sqlite3_prepare_v2(reg.db.get(), sql.data(), static_cast<int>(sql.size()), &prepared, &tail);
+    sqlite::StatementHandle statement(prepared);
+    if (tail != sql.data() + sql.size()) statement.reset();
+    return statement;
   };
   const sqlite::StatementHandle literal = prepare(translated);
   // With its literals taken out as parameters, a statement that SQLite takes

@@ -233,7 +233,8 @@ class SessionPool {
     }
   }
 
-  SessionPool* parent_;  // keeps the parent's pool reachable in a forked child
+  // Only held: it keeps the parent's pool reachable in a forked child.
+  [[maybe_unused]] SessionPool* parent_;
   std::mutex mutex_;
   std::condition_variable wake_;
   std::unordered_map<std::string, std::deque<IdleSession>, TextHash, std::equal_to<>> idle_;

@@ -115,8 +115,9 @@ ParameterisedStatement parameterise(std::string_view statement, int firstNumber)
     const bool adjacent = previousKind != Token::Kind::Space &&
                           previousKind != Token::Kind::Comment && !previousText.empty() &&
                           previousText.data() + previousText.size() == text.data();
+    const Clause& here = clauses.back();  // parentheses above may have moved it
     const bool placeable =
-        !clause.resultColumns && !clause.ordering && !clause.withinResultColumn && !afterAs;
+        !here.resultColumns && !here.ordering && !here.withinResultColumn && !afterAs;
     if (placeable && kind == Token::Kind::String && text.front() == '\'' &&
         !(adjacent && previousKind == Token::Kind::Word)) {
       literal = true;
