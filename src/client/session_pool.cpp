@@ -374,7 +374,7 @@ std::unique_ptr<Connection> openPooled(std::string_view connectionString) {
     return std::make_unique<PooledConnection>(std::string(connectionString), std::move(idle), true);
   }
   const ConnectionString parsed(connectionString);
-  const bool pooled = processWide && poolingRequested(parsed);
+  const bool pooled = poolingRequested(parsed) && processWide;
   std::unique_ptr<Session> session = providerFor(parsed)->open(parsed);
   pool.countOpened();
   return std::make_unique<PooledConnection>(std::string(connectionString), std::move(session),
