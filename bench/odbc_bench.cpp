@@ -2,8 +2,9 @@
 // through the record classes over ODBC, on an SQLite register through
 // SQLite's driver and on a PostgreSQL register through PostgreSQL's, each
 // beside plain ODBC calls sending the same statements as the provider hands
-// them to the driver, with the same connect-execute-disconnect pattern, in
-// the same run. The statements are those the record objects sent (read from
+// them to the driver on one connection kept for the run; and GetUser with
+// sessions not kept beside plain ODBC connecting for each call, in the same
+// run. The statements are those the record objects sent (read from
 // the SQL trace), carried over by the dialect the provider picks with the
 // register's schema read as the provider reads it. The PostgreSQL server is
 // the program's own, made by tests/support/postgres_server.sh and stopped
@@ -361,10 +362,74 @@ void BM_AddUser(benchmark::State& state, Target which) {
   t->run({"DELETE FROM [User] WHERE UserName LIKE 'add%'"});
 }
 
+// The same statements on one ODBC connection kept for the whole run: what the
+// data methods cost once their sessions are kept.
+template <class Body>
+void onKeptConnection(benchmark::State& state, Target which, Body body) {
+  const OdbcTarget* t = targetFor(state, which);
+  if (t == nullptr) return;
+  try {
+    const RawOdbcConnection connection(t->driverText());
+    measure(state, [&] { return body(*t, connection); });
+  } catch (const std::exception& e) {
+    state.SkipWithError(e.what());
+  }
+}
+void BM_KeptGetUser(benchmark::State& state, Target which) {
+  onKeptConnection(state, which, [&](const OdbcTarget& t, const RawOdbcConnection& c) {
+    return expectRows(state, c.query(t.getUser.front()).size(), 1);
+  });
+}
+void BM_KeptPage(benchmark::State& state, Target which) {
+  onKeptConnection(state, which, [&](const OdbcTarget& t, const RawOdbcConnection& c) {
+    return expectRows(state, c.query(t.page.front()).size(), kPageSize);
+  });
+}
+void BM_KeptEvery(benchmark::State& state, Target which) {
+  onKeptConnection(state, which, [&](const OdbcTarget& t, const RawOdbcConnection& c) {
+    return expectRows(state, c.query(t.every.front()).size(), kUsers);
+  });
+}
+void BM_KeptAddUser(benchmark::State& state, Target which) {
+  static int n = 0;  // names stay unique across the runs of one program
+  onKeptConnection(state, which, [&](const OdbcTarget& t, const RawOdbcConnection& c) {
+    c.query(t.insertBefore + rawUtf16("keptadd" + std::to_string(n++)) + t.insertAfter);
+    return true;
+  });
+  if (const OdbcTarget* t = which().target.get()) {
+    t->run({"DELETE FROM [User] WHERE UserName LIKE 'keptadd%'"});
+  }
+}
+
+// GetUser with sessions never kept, against plain ODBC connecting for each
+// call as it did before sessions were kept.
+void BM_GetUserUnpooled(benchmark::State& state, Target which) {
+  const OdbcTarget* t = targetFor(state, which);
+  if (t == nullptr) return;
+  varnock::User user;
+  user.put_DSN(t->dsn() + ";OLE DB Services=-2");
+  user.put_Username(kKey);
+  measure(state, [&] {
+    if (user.GetUser()) return true;
+    state.SkipWithError("GetUser found no user");
+    return false;
+  });
+}
+
 // Real time: on PostgreSQL most of each call is the server's.
 #define ODBC_CASE(function, label, target) \
   BENCHMARK_CAPTURE(function, label, target)->UseRealTime()->Unit(benchmark::kMicrosecond)
 
+ODBC_CASE(BM_KeptGetUser, Sqlite, sqlite);
+ODBC_CASE(BM_KeptPage, Sqlite, sqlite);
+ODBC_CASE(BM_KeptEvery, Sqlite, sqlite);
+ODBC_CASE(BM_KeptAddUser, Sqlite, sqlite);
+ODBC_CASE(BM_GetUserUnpooled, Sqlite, sqlite);
+ODBC_CASE(BM_KeptGetUser, Postgres, postgres);
+ODBC_CASE(BM_KeptPage, Postgres, postgres);
+ODBC_CASE(BM_KeptEvery, Postgres, postgres);
+ODBC_CASE(BM_KeptAddUser, Postgres, postgres);
+ODBC_CASE(BM_GetUserUnpooled, Postgres, postgres);
 ODBC_CASE(BM_RawGetUser, Sqlite, sqlite);
 ODBC_CASE(BM_GetUser, Sqlite, sqlite);
 ODBC_CASE(BM_RawPage, Sqlite, sqlite);
@@ -393,14 +458,17 @@ int main(int argc, char** argv) {
   std::vector<varnock::bench::Comparison> comparisons;
   for (const char* label : {"Sqlite", "Postgres"}) {
     const std::string on = std::string(" over ODBC, ") + label;
-    comparisons.push_back({reported("BM_GetUser", label), reported("BM_RawGetUser", label), 1.3,
-                           "GetUser by key" + on});
-    comparisons.push_back({reported("BM_GetEveryUserPage", label), reported("BM_RawPage", label),
-                           1.3, "GetEveryUser, a page of 10" + on});
-    comparisons.push_back({reported("BM_GetEveryUser", label), reported("BM_RawEvery", label), 1.3,
-                           "GetEveryUser, 100 users" + on});
-    comparisons.push_back({reported("BM_AddUser", label), reported("BM_RawAddUser", label), 1.3,
-                           "AddUser, all seventeen columns" + on});
+    comparisons.push_back({reported("BM_GetUser", label), reported("BM_KeptGetUser", label), 1.3,
+                           "GetUser by key" + on + ", against a kept connection"});
+    comparisons.push_back({reported("BM_GetEveryUserPage", label), reported("BM_KeptPage", label),
+                           1.3, "GetEveryUser, a page of 10" + on + ", against a kept connection"});
+    comparisons.push_back({reported("BM_GetEveryUser", label), reported("BM_KeptEvery", label), 1.3,
+                           "GetEveryUser, 100 users" + on + ", against a kept connection"});
+    comparisons.push_back({reported("BM_AddUser", label), reported("BM_KeptAddUser", label), 1.3,
+                           "AddUser, all seventeen columns" + on + ", against a kept connection"});
+    comparisons.push_back({reported("BM_GetUserUnpooled", label), reported("BM_RawGetUser", label),
+                           1.3,
+                           "GetUser, sessions not kept" + on + ", against connecting per call"});
   }
   // Each target is made when its first case runs, so a filtered run makes
   // only what it measures.

@@ -116,6 +116,15 @@ TEST_F(SessionPool, ARegisterDroppedAndMadeAgainBetweenTwoCallsIsSeenAfresh) {
   EXPECT_TRUE(hasCountry(register_.dsn(), "Chile"));
 }
 
+TEST_F(SessionPool, AServerConnectionEndedWhileIdleIsReplaced) {
+  ASSERT_TRUE(hasCountry(register_.dsn(), "Norway"));
+  register_.dropServerConnections();
+  // A session idle this long is asked whether its server still answers.
+  std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+  EXPECT_TRUE(hasCountry(register_.dsn(), "Norway"));
+  EXPECT_TRUE(addCountry(register_.dsn(), "Chile"));
+}
+
 TEST_F(SessionPool, ATransactionLeftOpenIsNotHandedOn) {
   {
     auto connection = client::open(register_.dsn());

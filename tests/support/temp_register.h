@@ -87,6 +87,19 @@ class TempRegister {
     }
   }
 
+  // Ends every server connection to the register's database from the server's
+  // side, as a server restart or an administrator would; a register without
+  // a server has none.
+  void dropServerConnections() const {
+#ifdef VARNOCK_POSTGRES_SERVER_SCRIPT
+    if (chosenBackEnd() != BackEnd::Postgres) return;
+    const PsqlRun dropped = PostgresServer::shared().psql(
+        "SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE datname = "
+        "current_database() AND pid <> pg_backend_pid() AND backend_type = 'client backend'");
+    if (!dropped.ok) throw std::runtime_error("cannot end connections: " + dropped.error);
+#endif
+  }
+
   // Runs statements through the client, as a separate caller would.
   void run(std::initializer_list<std::string_view> statements) const {
     auto connection = client::open(dsn_);

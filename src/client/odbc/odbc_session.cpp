@@ -119,8 +119,12 @@ ResultRows OdbcSession::run(std::string_view sql) {
   const StatementHandle statement(connection_, source_);
   const SQLRETURN ran = executeText(statement.get(), sql, takesUtf8Statements(*dialect_), source_);
   // SQL_NO_DATA: a write that met no row.
-  if (ran == SQL_NO_DATA) return {};
+  if (ran == SQL_NO_DATA) {
+    lastAnswer_ = std::chrono::steady_clock::now();
+    return {};
+  }
   if (!SQL_SUCCEEDED(ran)) raiseFrom(SQL_HANDLE_STMT, statement.get(), source_);
+  lastAnswer_ = std::chrono::steady_clock::now();
   ResultRows rows = readResult(statement.get(), source_);
   for (;;) {
     const SQLRETURN next = SQLMoreResults(statement.get());
@@ -176,6 +180,7 @@ bool OdbcSession::answers() noexcept {
   }
   // A driver learns of a connection the server dropped only when it next
   // uses it.
+  if (std::chrono::steady_clock::now() - lastAnswer_ < std::chrono::seconds(1)) return true;
   try {
     run("SELECT 1");
     return true;

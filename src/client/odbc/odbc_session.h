@@ -5,6 +5,7 @@
 // Used by one caller at a time.
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -48,7 +49,9 @@ class OdbcSession {
   void rollback() noexcept;
 
   // Whether the server connection still answers: the driver does not report
-  // it dead, and a statement that reads nothing comes back. Never throws.
+  // it dead and, when it has been idle for more than a second, a statement
+  // that reads nothing comes back. A session in steady use is not asked
+  // every time: that would double each call's round trips. Never throws.
   bool answers() noexcept;
 
   // The names of the database's tables (SQLTables, type TABLE).
@@ -59,6 +62,7 @@ class OdbcSession {
   std::shared_ptr<ConnectionHandle> connection_;
   std::string databaseName_;
   const dialect::DatabaseDialect* dialect_ = nullptr;
+  std::chrono::steady_clock::time_point lastAnswer_ = std::chrono::steady_clock::now();
 };
 
 }  // namespace varnock::client::odbc
