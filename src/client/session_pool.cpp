@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <atomic>
-#include <cctype>
 #include <condition_variable>
 #include <cstdlib>
 #include <deque>
@@ -17,6 +16,7 @@
 
 #include "automation/text.h"
 #include "client/provider.h"
+#include "client/statement_kind.h"
 #include "varnock/automation_error.h"
 
 namespace varnock::client {
@@ -271,38 +271,6 @@ SessionPool& SessionPool::instance() {
   return *currentPool.load();
 }
 
-// First word of a statement, past blanks and comments, in lower case.
-std::string firstWord(std::string_view statement) {
-  std::size_t i = 0;
-  while (i < statement.size()) {
-    if (statement[i] == ' ' || statement[i] == '\t' || statement[i] == '\r' ||
-        statement[i] == '\n' || statement[i] == '(') {
-      ++i;
-    } else if (statement.substr(i, 2) == "--") {
-      i = statement.find('\n', i);
-    } else if (statement.substr(i, 2) == "/*") {
-      const std::size_t end = statement.find("*/", i + 2);
-      i = end == std::string_view::npos ? end : end + 2;
-    } else {
-      break;
-    }
-  }
-  if (i >= statement.size()) return {};
-  std::size_t end = i;
-  while (end < statement.size() && (std::isalpha(static_cast<unsigned char>(statement[end])) != 0))
-    ++end;
-  return lowerCase(statement.substr(i, end - i));
-}
-
-// Reading and writing rows leaves a session as it was; any other statement
-// (a transaction begun, a setting changed, a table made) may not, and the
-// session it ran on is not lent again.
-bool leavesSessionAsItWas(std::string_view statement) {
-  const std::string word = firstWord(statement);
-  return word == "select" || word == "insert" || word == "update" || word == "delete" ||
-         word == "with";
-}
-
 class PooledConnection final : public Connection {
  public:
   PooledConnection(std::string key, std::unique_ptr<Session> session, bool pooled)
@@ -317,7 +285,10 @@ class PooledConnection final : public Connection {
 
   std::unique_ptr<Recordset> execute(std::string_view statement) override {
     if (!session_) throw AutomationError(kConnectionClosed, kConnectionClosedText, kClientSource);
-    if (pooled_ && !leavesSessionAsItWas(statement)) pooled_ = false;
+    // Reading and writing rows leaves a session as it was; any other statement
+    // (a transaction begun, a setting changed, a table made) may not, and the
+    // session it ran on is not lent again.
+    if (pooled_ && !readsOrWritesRows(statement)) pooled_ = false;
     return session_->execute(statement);
   }
 

@@ -5,11 +5,14 @@
 
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <utility>
 
 #include "client/odbc/column_values.h"
 #include "client/odbc/odbc_errors.h"
 #include "client/odbc/wide_text.h"
+#include "client/statement_kind.h"
+#include "varnock/automation_error.h"
 
 namespace varnock::client::odbc {
 
@@ -96,40 +99,100 @@ bool takesUtf8Statements(const dialect::DatabaseDialect& dialect) {
   return dialect.kind == "SQLite";
 }
 
-SQLRETURN executeText(SQLHSTMT statement, std::string_view sql, bool utf8,
-                      const std::string& source) {
-  if (utf8) {
-    std::string text(sql);
-    if (text.size() > static_cast<std::size_t>(std::numeric_limits<SQLINTEGER>::max())) {
-      fail(kCommandFailed, "The command text is too long for ODBC.", source);
-    }
-    return SQLExecDirect(statement, reinterpret_cast<SQLCHAR*>(text.data()),
-                         static_cast<SQLINTEGER>(text.size()));
-  }
-  std::u16string text = toUtf16(sql);
-  if (text.size() > static_cast<std::size_t>(std::numeric_limits<SQLINTEGER>::max())) {
+// Hands a statement's text to the driver, to run at once or to prepare.
+SQLRETURN sendText(SQLHSTMT statement, std::string_view sql, bool utf8, bool prepare,
+                   const std::string& source) {
+  if (sql.size() > static_cast<std::size_t>(std::numeric_limits<SQLINTEGER>::max())) {
     fail(kCommandFailed, "The command text is too long for ODBC.", source);
   }
-  return SQLExecDirectW(statement, wide(text), static_cast<SQLINTEGER>(text.size()));
+  if (utf8) {
+    std::string text(sql);
+    auto* narrow = reinterpret_cast<SQLCHAR*>(text.data());
+    const auto length = static_cast<SQLINTEGER>(text.size());
+    return prepare ? SQLPrepare(statement, narrow, length)
+                   : SQLExecDirect(statement, narrow, length);
+  }
+  std::u16string text = toUtf16(sql);
+  const auto length = static_cast<SQLINTEGER>(text.size());
+  return prepare ? SQLPrepareW(statement, wide(text), length)
+                 : SQLExecDirectW(statement, wide(text), length);
 }
+
+// Texts seen once are remembered by their hash, at most this many; texts
+// prepared are kept, at most this many, per session.
+constexpr std::size_t kTextsSeen = 1024;
+constexpr std::size_t kTextsPrepared = 64;
+// Longer texts are written for one use (large values), never prepared.
+constexpr std::size_t kPreparedTextLimit = 4096;
+
+// Statements that read or write rows, of a length written for more than one
+// use. Transaction control and settings run as given: a driver may manage
+// transactions of its own around prepared statements.
+bool preparable(std::string_view sql) {
+  return sql.size() <= kPreparedTextLimit && readsOrWritesRows(sql);
+}
+
+// Closes a prepared statement's cursor however its rows are left, so that it
+// can run again.
+class CursorCloser {
+ public:
+  explicit CursorCloser(SQLHSTMT statement) : statement_(statement) {}
+  CursorCloser(const CursorCloser&) = delete;
+  CursorCloser& operator=(const CursorCloser&) = delete;
+  ~CursorCloser() { SQLFreeStmt(statement_, SQL_CLOSE); }
+
+ private:
+  SQLHSTMT statement_;
+};
 
 }  // namespace
 
+// A text that comes a second time is prepared, and kept, for the times after:
+// preparing costs more than running a text once (on PostgreSQL's driver two
+// to three times), running a prepared one about half as much.
 ResultRows OdbcSession::run(std::string_view sql) {
+  const bool utf8 = takesUtf8Statements(*dialect_);
+  if (const auto kept = prepared_.find(sql); kept != prepared_.end()) {
+    try {
+      return readAll(kept->second->get(), SQLExecute(kept->second->get()), true);
+    } catch (const AutomationError&) {
+      // A prepared statement may no longer fit its tables (made again since):
+      // it is dropped, and the text runs as it would the first time. A
+      // statement that failed had no effect, the session committing each.
+      prepared_.erase(kept);
+    }
+  } else if (preparable(sql) && seen_.contains(std::hash<std::string_view>{}(sql))) {
+    auto statement = std::make_unique<StatementHandle>(connection_, source_);
+    if (SQL_SUCCEEDED(sendText(statement->get(), sql, utf8, true, source_))) {
+      if (prepared_.size() >= kTextsPrepared) prepared_.clear();
+      const SQLHSTMT handle = statement->get();
+      prepared_.emplace(std::string(sql), std::move(statement));
+      return readAll(handle, SQLExecute(handle), true);
+    }
+  }
+  if (preparable(sql)) {
+    if (seen_.size() >= kTextsSeen) seen_.clear();
+    seen_.insert(std::hash<std::string_view>{}(sql));
+  }
   const StatementHandle statement(connection_, source_);
-  const SQLRETURN ran = executeText(statement.get(), sql, takesUtf8Statements(*dialect_), source_);
+  return readAll(statement.get(), sendText(statement.get(), sql, utf8, false, source_), false);
+}
+
+ResultRows OdbcSession::readAll(SQLHSTMT statement, SQLRETURN ran, bool prepared) {
+  std::optional<CursorCloser> closer;
+  if (prepared) closer.emplace(statement);
   // SQL_NO_DATA: a write that met no row.
   if (ran == SQL_NO_DATA) {
     lastAnswer_ = std::chrono::steady_clock::now();
     return {};
   }
-  if (!SQL_SUCCEEDED(ran)) raiseFrom(SQL_HANDLE_STMT, statement.get(), source_);
+  if (!SQL_SUCCEEDED(ran)) raiseFrom(SQL_HANDLE_STMT, statement, source_);
   lastAnswer_ = std::chrono::steady_clock::now();
-  ResultRows rows = readResult(statement.get(), source_);
+  ResultRows rows = readResult(statement, source_);
   for (;;) {
-    const SQLRETURN next = SQLMoreResults(statement.get());
+    const SQLRETURN next = SQLMoreResults(statement);
     if (next == SQL_NO_DATA) break;
-    if (!SQL_SUCCEEDED(next)) raiseFrom(SQL_HANDLE_STMT, statement.get(), source_);
+    if (!SQL_SUCCEEDED(next)) raiseFrom(SQL_HANDLE_STMT, statement, source_);
   }
   return rows;
 }

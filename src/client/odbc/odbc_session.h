@@ -9,8 +9,11 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
+#include "automation/text.h"
 #include "client/client.h"
 #include "client/dialect/database_dialect.h"
 #include "client/odbc/odbc_handles.h"
@@ -38,7 +41,7 @@ class OdbcSession {
 
   // Runs a statement (or a batch, where the database runs batches) and
   // reads its first result in full; later results are read past, so that
-  // their failures are raised too.
+  // their failures are raised too. A text run before is prepared and kept.
   ResultRows run(std::string_view sql);
 
   // Turns the driver's autocommit off (a transaction begins) or on.
@@ -63,6 +66,12 @@ class OdbcSession {
   std::string databaseName_;
   const dialect::DatabaseDialect* dialect_ = nullptr;
   std::chrono::steady_clock::time_point lastAnswer_ = std::chrono::steady_clock::now();
+  std::unordered_set<std::size_t> seen_;  // hashes of texts run once
+  std::unordered_map<std::string, std::unique_ptr<StatementHandle>, TextHash, std::equal_to<>>
+      prepared_;
+
+  // The result of a statement that ran (`ran` is what running it returned).
+  ResultRows readAll(SQLHSTMT statement, SQLRETURN ran, bool prepared);
 };
 
 }  // namespace varnock::client::odbc
