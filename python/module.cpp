@@ -63,7 +63,11 @@ PYBIND11_MODULE(varnock, m) {
 
   m.def(
       "create_register",
-      [pathText](py::object path) { return varnock::createRegister(pathText(path)); },
+      [pathText](py::object path) {
+        const std::string file = pathText(path);
+        const py::gil_scoped_release writing;  // other threads run while the file is made
+        return varnock::createRegister(file);
+      },
       py::arg("path"),
       "Creates a new, empty SQLite register at path (an existing file is never overwritten: "
       "AutomationError) and returns its connection string, for the objects' DSN.");

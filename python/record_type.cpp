@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "errors.h"
+#include "record_locks.h"
 #include "values.h"
 #include "varnock/automation_error.h"
 #include "varnock/host.h"
@@ -188,9 +189,12 @@ PyObject* recordGetAttr(PyObject* self, PyObject* name) {
     }
     if (!member->property) return newMethod(self, *member);
     DispatchArguments none;
-    return fromVariant(Invoke(*o.record, member->dispatchId, kDispatchPropertyGet, none))
-        .release()
-        .ptr();
+    Variant value;
+    {
+      const RecordTurn turn(*o.record);
+      value = Invoke(*o.record, member->dispatchId, kDispatchPropertyGet, none);
+    }
+    return fromVariant(value).release().ptr();
   } catch (...) {
     raiseCurrentException();
     return nullptr;
@@ -215,6 +219,7 @@ int recordSetAttr(PyObject* self, PyObject* name, PyObject* value) {
     DispatchArguments arguments;
     arguments.positional.push_back(
         toVariant(holder != nullptr ? py::handle(holder->value) : py::handle(value)));
+    const RecordTurn turn(*o.record);
     Invoke(*o.record, member.dispatchId, kDispatchPropertyPut, arguments);
     return 0;
   } catch (...) {
@@ -284,6 +289,16 @@ Variant passed(PyObject* value, bool named, std::size_t index, std::vector<Refer
   return toVariant(handle);
 }
 
+bool holdsObjects(const DispatchArguments& arguments) {
+  for (const Variant& v : arguments.positional) {
+    if (v.isObject()) return true;
+  }
+  for (const auto& [id, v] : arguments.named) {
+    if (v.isObject()) return true;
+  }
+  return false;
+}
+
 PyObject* methodCall(PyObject* self, PyObject* const* args, std::size_t nargsf, PyObject* kwnames) {
   const auto& method = *reinterpret_cast<MethodObject*>(self);
   RecordObject& o = recordObject(method.owner);
@@ -304,7 +319,19 @@ PyObject* methodCall(PyObject* self, PyObject* const* args, std::size_t nargsf, 
       arguments.named.emplace_back(
           id, passed(args[count + i], true, static_cast<std::size_t>(i), references));
     }
-    const Variant result = Invoke(*o.record, method.member->dispatchId, kDispatchMethod, arguments);
+    Variant result;
+    const auto invoke = [&] {
+      result = Invoke(*o.record, method.member->dispatchId, kDispatchMethod, arguments);
+    };
+    if (holdsObjects(arguments)) {
+      // A dictionary or collection passed in could be changed by another
+      // Python thread while the call reads it: such calls, which reach no
+      // database, keep the interpreter lock.
+      const RecordTurn turn(*o.record);
+      invoke();
+    } else {
+      runWithoutInterpreterLock(*o.record, invoke);
+    }
     for (Reference& r : references) {
       const Variant& now =
           r.named ? arguments.named[r.index].second : arguments.positional[r.index];
