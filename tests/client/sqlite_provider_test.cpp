@@ -8,7 +8,10 @@
 #include <string>
 #include <vector>
 
+#include <sqlite3.h>
+
 #include "client/client.h"
+#include "client/sqlite/unicode_text.h"
 #include "support/failure_of.h"
 #include "support/temp_register.h"
 #include "varnock/automation_error.h"
@@ -213,6 +216,36 @@ TEST_F(SqliteProvider, ConditionsReachNoFunctionThatDisclosesMemoryOrFiles) {
     EXPECT_EQ(e.number(), kCommandFailed);
     EXPECT_NE(e.description().find("not authorized"), std::string::npos) << e.description();
   }
+}
+
+}  // namespace
+}  // namespace varnock::client
+
+namespace varnock::client {
+namespace {
+
+// Another program changes the register's tables while a session keeps
+// statements prepared for them: the session follows.
+TEST_F(SqliteProvider, AKeptSessionFollowsTablesChangedByAnotherProgram) {
+  addCountries();
+  const std::string every = "SELECT * FROM [Country] WHERE Country = 'Norway'";
+  for (int i = 0; i < 2; ++i)
+    EXPECT_EQ(column(every, "Country"), Names{"Norway"});
+  sqlite3* other = nullptr;
+  ASSERT_EQ(sqlite3_open(register_.path().c_str(), &other), SQLITE_OK);
+  ASSERT_EQ(client::sqlite::registerUnicodeText(other), SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(other,
+                         "ALTER TABLE Country ADD COLUMN Founded smalldatetime; "
+                         "UPDATE Country SET Founded = '1905-06-07 00:00:00'",
+                         nullptr, nullptr, nullptr),
+            SQLITE_OK);
+  sqlite3_close(other);
+  // The new column is there, read as what its declared type says.
+  const Variant founded = single(every, "Founded");
+  ASSERT_EQ(founded.type(), Variant::Type::Date) << toText(founded);
+  // And a statement met for the first time is carried over for the new
+  // column: a date written in another form is compared as a date.
+  EXPECT_EQ(column("SELECT * FROM [Country] WHERE Founded = 'June 7, 1905'", "Country").size(), 5u);
 }
 
 }  // namespace

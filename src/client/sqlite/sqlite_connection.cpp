@@ -1,5 +1,6 @@
 #include "client/sqlite/sqlite_connection.h"
 
+#include <mutex>
 #include <string>
 #include <utility>
 
@@ -97,7 +98,18 @@ int bindLargeLiterals(sqlite3_stmt* statement, const LargeLiterals& large) {
 DatabaseHandle openDatabase(const std::string& dataSource) {
   const std::string path = asPath(dataSource);
   sqlite3* raw = nullptr;
-  const int opened = sqlite3_open_v2(path.c_str(), &raw, SQLITE_OPEN_READWRITE, nullptr);
+  static std::once_flag configured;
+  std::call_once(configured, [] {
+    // SQLite counts every allocation under one process-wide lock unless told
+    // not to, which makes threads calling on sessions of their own take
+    // turns. Only possible before SQLite's first use in the process; where
+    // the program has used it already, the setting stays as the program has it.
+    sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+  });
+  // A session is used by one thread at a time: its own locks would guard
+  // nothing.
+  const int opened = sqlite3_open_v2(path.c_str(), &raw,
+                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
   DatabaseHandle db(raw);
   if (opened != SQLITE_OK) {
     fail(kCannotOpen, std::string(db ? sqlite3_errmsg(db.get()) : sqlite3_errstr(opened)) +
@@ -169,8 +181,19 @@ std::unique_ptr<Recordset> SqliteConnection::run(Plan& plan, const LargeLiterals
   const int stepped = sqlite3_step(statement);
   if (stepped != SQLITE_ROW && stepped != SQLITE_DONE) {
     std::string description = failureText(statements_->db());
+    try {
+      followSchemaChange(prepared);
+    } catch (...) {
+      // The statement's own failure is the one to report.
+    }
     statements_->giveBack(std::move(prepared));
     fail(kCommandFailed, std::move(description));
+  }
+  try {
+    followSchemaChange(prepared);
+  } catch (...) {
+    statements_->giveBack(std::move(prepared));
+    throw;
   }
   return std::make_unique<SqliteRecordset>(statements_, std::move(prepared), stepped == SQLITE_ROW);
 }
@@ -212,25 +235,19 @@ bool SqliteConnection::reusable() noexcept {
 }
 
 bool SqliteConnection::current() noexcept {
-  if (!statements_ || !identity_ || fileIdentity(asPath(path_)) != identity_) return false;
-  try {
-    // Another program may have changed the register's tables since: what
-    // was carried over, and prepared, for the old ones is dropped.
-    PreparedStatement version = statements_->take("PRAGMA schema_version");
-    const bool read = sqlite3_step(version.statement.get()) == SQLITE_ROW;
-    const long long now = read ? sqlite3_column_int64(version.statement.get(), 0) : -1;
-    statements_->giveBack(std::move(version));
-    if (!read) return false;
-    if (now != schemaVersion_) {
-      schema_ = cachedRegisterSchema(statements_->db(), path_, now);
-      schemaVersion_ = now;
-      plans_.clear();
-      statements_->clear();
-    }
-    return true;
-  } catch (...) {
-    return false;
-  }
+  return statements_ && identity_ && fileIdentity(asPath(path_)) == identity_;
+}
+
+// Another program changed the register's tables since this session read them:
+// SQLite prepared the statement again for the new ones, and what was carried
+// over, or prepared, for the old ones is dropped.
+void SqliteConnection::followSchemaChange(PreparedStatement& ran) {
+  if (sqlite3_stmt_status(ran.statement.get(), SQLITE_STMTSTATUS_REPREPARE, 1) == 0) return;
+  schemaVersion_ = schemaVersion(statements_->db());
+  schema_ = cachedRegisterSchema(statements_->db(), path_, schemaVersion_);
+  plans_.clear();
+  statements_->clear();
+  ran.columns = std::make_shared<const ResultColumns>(ran.statement.get());
 }
 
 void SqliteConnection::close() noexcept {

@@ -49,12 +49,13 @@ class SqliteConnection final : public Session {
   Plan planOf(std::string_view statement, int firstNumber) const;
   std::unique_ptr<Recordset> run(Plan& plan, const LargeLiterals* large);
   PreparedStatement prepare(Plan& plan);
+  void followSchemaChange(PreparedStatement& ran);
 
   std::string path_;
   std::optional<FileIdentity> identity_;  // of the file opened
   std::shared_ptr<StatementCache> statements_;
   std::shared_ptr<const dialect::RegisterSchema> schema_;  // as the database declares it
-  long long schemaVersion_ = 0;
+  long long schemaVersion_ = 0;  // of schema_
   bool wrote_ = false;  // since the session last served
   std::unordered_map<std::string, Plan, TextHash, std::equal_to<>> plans_;  // by statement
 };
