@@ -1,5 +1,7 @@
 #include "client/sqlite/sqlite_connection.h"
 
+#include <atomic>
+#include <cstdint>
 #include <mutex>
 #include <string>
 #include <utility>
@@ -20,6 +22,9 @@ namespace {
 // A statement that meets a register locked by another writer waits this long
 // before it gives up, as SQL Server's clients wait for a lock.
 constexpr int kBusyTimeoutMilliseconds = 30000;
+
+// Sessions of this process whose read or write of a register file failed.
+std::atomic<std::uint64_t> damagedSessions{0};
 
 // Statements carried over and kept per session; past this many the kept ones
 // are dropped, so a caller sending ever new texts does not grow the session.
@@ -108,8 +113,8 @@ DatabaseHandle openDatabase(const std::string& dataSource) {
   });
   // A session is used by one thread at a time: its own locks would guard
   // nothing.
-  const int opened = sqlite3_open_v2(path.c_str(), &raw,
-                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  const int opened =
+      sqlite3_open_v2(path.c_str(), &raw, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
   DatabaseHandle db(raw);
   if (opened != SQLITE_OK) {
     fail(kCannotOpen, std::string(db ? sqlite3_errmsg(db.get()) : sqlite3_errstr(opened)) +
@@ -120,7 +125,9 @@ DatabaseHandle openDatabase(const std::string& dataSource) {
 }
 
 SqliteConnection::SqliteConnection(const std::string& path)
-    : path_(path), identity_(fileIdentity(asPath(path))) {
+    : path_(path),
+      identity_(fileIdentity(asPath(path))),
+      failuresSeen_(damagedSessions.load(std::memory_order_relaxed)) {
   DatabaseHandle db = openDatabase(path);
   schemaVersion_ = schemaVersion(db.get());
   schema_ = cachedRegisterSchema(db.get(), path, schemaVersion_);
@@ -181,6 +188,23 @@ std::unique_ptr<Recordset> SqliteConnection::run(Plan& plan, const LargeLiterals
   const int stepped = sqlite3_step(statement);
   if (stepped != SQLITE_ROW && stepped != SQLITE_DONE) {
     std::string description = failureText(statements_->db());
+    // After a failed read or write of the file, SQLite has to recover (roll
+    // back a journal) before the register can be used: that is left to a new
+    // session, as if this one had been closed at once.
+    switch (sqlite3_errcode(statements_->db())) {
+      case SQLITE_IOERR:
+      case SQLITE_FULL:
+      case SQLITE_CORRUPT:
+      case SQLITE_NOTADB:
+      case SQLITE_CANTOPEN:
+      case SQLITE_NOMEM:
+      case SQLITE_PROTOCOL:
+        damaged_ = true;
+        damagedSessions.fetch_add(1, std::memory_order_relaxed);
+        break;
+      default:
+        break;
+    }
     try {
       followSchemaChange(prepared);
     } catch (...) {
@@ -217,7 +241,8 @@ std::unique_ptr<Recordset> SqliteConnection::execute(std::string_view statement)
 }
 
 bool SqliteConnection::reusable() noexcept {
-  if (!statements_ || statements_->anyTaken() || sqlite3_get_autocommit(statements_->db()) == 0) {
+  if (!statements_ || damaged_ || statements_->anyTaken() ||
+      sqlite3_get_autocommit(statements_->db()) == 0) {
     return false;
   }
   if (wrote_) {
@@ -235,7 +260,22 @@ bool SqliteConnection::reusable() noexcept {
 }
 
 bool SqliteConnection::current() noexcept {
-  return statements_ && identity_ && fileIdentity(asPath(path_)) == identity_;
+  if (!statements_ || !identity_ || fileIdentity(asPath(path_)) != identity_) return false;
+  // Opening a register reads it, and so recovers what a failed write left
+  // (a hot journal). Once a session of this process has met such a failure,
+  // a kept session reads before it serves, so that the recovery, and any
+  // failure of it, comes where an open would have met it.
+  const std::uint64_t failures = damagedSessions.load(std::memory_order_relaxed);
+  if (failures == failuresSeen_) return true;
+  failuresSeen_ = failures;
+  try {
+    PreparedStatement version = statements_->take("PRAGMA schema_version");
+    const bool read = sqlite3_step(version.statement.get()) == SQLITE_ROW;
+    statements_->giveBack(std::move(version));
+    return read;
+  } catch (...) {
+    return false;
+  }
 }
 
 // Another program changed the register's tables since this session read them:

@@ -9,6 +9,7 @@
 // while its path still names the file it opened.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -55,8 +56,10 @@ class SqliteConnection final : public Session {
   std::optional<FileIdentity> identity_;  // of the file opened
   std::shared_ptr<StatementCache> statements_;
   std::shared_ptr<const dialect::RegisterSchema> schema_;  // as the database declares it
-  long long schemaVersion_ = 0;  // of schema_
-  bool wrote_ = false;  // since the session last served
+  long long schemaVersion_ = 0;                            // of schema_
+  bool wrote_ = false;                                     // since the session last served
+  bool damaged_ = false;                                   // a read or write of the file failed
+  std::uint64_t failuresSeen_;  // damaged sessions in the process when last current
   std::unordered_map<std::string, Plan, TextHash, std::equal_to<>> plans_;  // by statement
 };
 
