@@ -85,28 +85,18 @@ void BM_CountEveryUser(benchmark::State& state) {
 }
 
 void BM_RawEvery(benchmark::State& state) {
-  std::size_t peak = 0;
-  for (auto _ : state) {
-    varnock::bench::resetPeak();
-    const std::size_t before = varnock::bench::liveBytes();
+  varnock::bench::measurePeakHeap(state, [&] {
     auto rows = rawQuery(theRegister().path(), "SELECT * FROM [User]");
-    peak = varnock::bench::peakLiveBytes() - before;
     benchmark::DoNotOptimize(rows.data());
-  }
-  state.counters["peak_heap"] = static_cast<double>(peak);
+  });
 }
 void BM_GetEveryUser(benchmark::State& state) {
   varnock::User user;
   user.put_DSN(theRegister().dsn());
-  std::size_t peak = 0;
-  for (auto _ : state) {
-    varnock::bench::resetPeak();
-    const std::size_t before = varnock::bench::liveBytes();
+  varnock::bench::measurePeakHeap(state, [&] {
     auto rows = user.GetEveryUser();
-    peak = varnock::bench::peakLiveBytes() - before;
     if (rows->Count() != kUsers) state.SkipWithError("GetEveryUser did not read every row");
-  }
-  state.counters["peak_heap"] = static_cast<double>(peak);
+  });
 }
 
 BENCHMARK(BM_RawKeyLookup);

@@ -191,29 +191,19 @@ void BM_GetUserTwoThreads(benchmark::State& state) {
 
 void BM_RawEveryLarge(benchmark::State& state) {
   const KeptConnection connection(largeRegister().path());
-  std::size_t peak = 0;
-  for (auto _ : state) {
-    varnock::bench::resetPeak();
-    const std::size_t before = varnock::bench::liveBytes();
+  varnock::bench::measurePeakHeap(state, [&] {
     auto rows = connection.query("SELECT * FROM [User]");
-    peak = varnock::bench::peakLiveBytes() - before;
     benchmark::DoNotOptimize(rows.data());
-  }
-  state.counters["peak_heap"] = static_cast<double>(peak);
+  });
 }
 void BM_GetEveryUserLarge(benchmark::State& state) {
   varnock::User user;
   user.put_DSN(largeRegister().dsn());
   user.CountEveryUser();  // the session is open before the measured calls, as the baseline's
-  std::size_t peak = 0;
-  for (auto _ : state) {
-    varnock::bench::resetPeak();
-    const std::size_t before = varnock::bench::liveBytes();
+  varnock::bench::measurePeakHeap(state, [&] {
     auto rows = user.GetEveryUser();
-    peak = varnock::bench::peakLiveBytes() - before;
     if (rows->Count() != kManyUsers) state.SkipWithError("GetEveryUser did not read every row");
-  }
-  state.counters["peak_heap"] = static_cast<double>(peak);
+  });
 }
 
 BENCHMARK(BM_OpenPerCallGetUser);
