@@ -1,6 +1,8 @@
 // The varnock tool's descriptive commands: members, idl and help.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "tools/cli_fixture.h"
 #include "varnock/host.h"
 #include "varnock/type_library.h"
@@ -70,6 +72,24 @@ TEST_F(Describing, HelpExplainsCommandsNotationEnvironmentAndStatuses) {
   EXPECT_EQ(varnock({"help"}).out, help.out);
   EXPECT_EQ(varnock({"call", "--help"}).out, help.out);
   EXPECT_EQ(varnock({"call", "User", "DSN", "--help"}).out, help.out);
+  // Asking any command for help runs nothing: no register named "--help".
+  for (const char* command : {"init", "copy", "members", "idl"}) {
+    for (const char* asked : {"--help", "-h"}) {
+      const ProgramRun asking = varnock({command, asked});
+      EXPECT_EQ(asking.status, 0) << command << ' ' << asked;
+      EXPECT_EQ(asking.out, help.out) << command << ' ' << asked;
+      EXPECT_FALSE(std::filesystem::exists(asked)) << command << ' ' << asked;
+    }
+  }
+}
+
+TEST_F(Describing, VersionIsTheProjectsOwn) {
+  for (const char* asked : {"--version", "version"}) {
+    const ProgramRun version = varnock({asked});
+    EXPECT_EQ(version.status, 0);
+    EXPECT_EQ(version.out, "varnock 1.0\n");
+    EXPECT_EQ(version.err, "");
+  }
 }
 
 }  // namespace

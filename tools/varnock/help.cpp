@@ -49,8 +49,11 @@ Commands
   idl
       Prints the type library in MIDL.
 
-  help, --help
+  help, --help, COMMAND --help
       Prints this text.
+
+  version, --version
+      Prints the version of varnock.
 
 Value notation (arguments and --set values)
   null, empty          Null, Empty

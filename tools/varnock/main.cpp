@@ -21,8 +21,15 @@ ExitStatus run(const std::vector<std::string>& words) {
   if (words.empty()) throw UsageError("no command given; see varnock --help");
   const std::string& command = words[0];
   const Words rest(words.begin() + 1, words.end());
-  if (command == "--help" || command == "-h" || command == "help") {
+  // "varnock init --help" asks for help; it never names a register "--help".
+  const bool helpAsked = command == "--help" || command == "-h" || command == "help" ||
+                         (!rest.empty() && (rest.front() == "--help" || rest.front() == "-h"));
+  if (helpAsked) {
     std::cout << helpText();
+    return kSuccess;
+  }
+  if (command == "--version" || command == "version") {
+    std::cout << "varnock " << VARNOCK_VERSION << '\n';
     return kSuccess;
   }
   if (command == "init") return initCommand(rest, std::cout, std::cerr);
