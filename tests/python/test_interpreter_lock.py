@@ -1,6 +1,7 @@
 """Calls that work on the register let other Python threads run meanwhile,
 and threads sharing one record take turns on it."""
 
+import collections.abc
 import datetime
 import os
 import sqlite3
@@ -183,6 +184,36 @@ class SharedRecordTest(RegisterTest):
                          (STORED_LASTNAME, "alice@example.org"))
         writer_view.Lastname = "last"
         self.assertEqual(reader_view.Lastname, "last")
+
+    def test_a_call_lets_go_of_a_mapping_the_record_held(self):
+        # GetUser replaces the mapping stored as a value while it runs
+        # without the interpreter lock; the mapping goes all the same.
+        released = []
+
+        class Held(collections.abc.Mapping):
+            def __init__(self, number):
+                self.number = number
+
+            def __getitem__(self, key):
+                raise KeyError(key)
+
+            def __iter__(self):
+                return iter(())
+
+            def __len__(self):
+                return 0
+
+            def __del__(self):
+                released.append(self.number)
+
+        user = varnock.CreateObject("Varnock.User")
+        user.DSN = self.dsn
+        user.Username = "alice"
+        for number in range(20):
+            user.Lastname = Held(number)
+            self.assertTrue(user.GetUser(), user.GetLastErrorMessage())
+        self.assertEqual(released, list(range(20)))
+        self.assertEqual(user.Lastname, STORED_LASTNAME)
 
 
 if __name__ == "__main__":
