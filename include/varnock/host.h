@@ -86,6 +86,9 @@ struct MemberDescription {
   // True for the methods that load a row into the object itself when they
   // return True (Get<T>, GetFirst<T>, GetLast<T>, GetNext<T>, GetPrevious<T>).
   bool loadsObject;
+  // True for the members that read or write the register, and so may wait
+  // for its lock and write the SQL trace; the others work on the object alone.
+  bool reachesRegister;
   std::vector<std::string> argumentNames;
 };
 

@@ -50,6 +50,39 @@ bool loadsObject(catalogue::MemberRole role) {
   }
 }
 
+// Every role is listed, so that a new one has to be placed on one side.
+bool reachesRegister(catalogue::MemberRole role) {
+  switch (role) {
+    case catalogue::MemberRole::Dsn:
+    case catalogue::MemberRole::GetTableName:
+    case catalogue::MemberRole::ColumnProperty:
+    case catalogue::MemberRole::GetLastErrorMessage:
+    case catalogue::MemberRole::IsDataProperty:
+    case catalogue::MemberRole::GetDataProperty:
+    case catalogue::MemberRole::SetDataProperty:
+    case catalogue::MemberRole::GetDictionary:
+    case catalogue::MemberRole::SetDictionary:
+      return false;
+    case catalogue::MemberRole::Get:
+    case catalogue::MemberRole::GetFirst:
+    case catalogue::MemberRole::GetLast:
+    case catalogue::MemberRole::GetNext:
+    case catalogue::MemberRole::GetPrevious:
+    case catalogue::MemberRole::GetEvery:
+    case catalogue::MemberRole::CountEvery:
+    case catalogue::MemberRole::Add:
+    case catalogue::MemberRole::Update:
+    case catalogue::MemberRole::Delete:
+    case catalogue::MemberRole::GetParentIn:
+    case catalogue::MemberRole::GetChildrenIn:
+    case catalogue::MemberRole::CountChildrenIn:
+    case catalogue::MemberRole::GetDerivedChildrenIn:
+    case catalogue::MemberRole::CountDerivedChildrenIn:
+      return true;
+  }
+  return true;
+}
+
 }  // namespace
 
 std::string_view kindName(MemberKind kind) {
@@ -71,7 +104,8 @@ std::shared_ptr<Record> CreateObject(std::string_view progIdOrClassId) {
 std::vector<MemberDescription> members(std::string_view className) {
   std::vector<MemberDescription> described;
   for (const catalogue::Member& m : classNamed(className, true).members) {
-    MemberDescription d{m.name, m.dispatchId, kindOf(m.kind), loadsObject(m.role), {}};
+    MemberDescription d{
+        m.name, m.dispatchId, kindOf(m.kind), loadsObject(m.role), reachesRegister(m.role), {}};
     for (const catalogue::Argument& a : m.arguments)
       d.argumentNames.emplace_back(a.name);
     described.push_back(std::move(d));

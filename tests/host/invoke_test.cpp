@@ -170,6 +170,19 @@ TEST(Members, DescribeTheInterfaceInOrder) {
   }
   EXPECT_EQ(loading, (std::vector<std::string>{"GetUser", "GetFirstUser", "GetLastUser",
                                                "GetNextUser", "GetPreviousUser"}));
+  // The methods that work on the object alone; every other method, and no
+  // property, reaches the register.
+  std::vector<std::string> alone;
+  for (const MemberDescription& m : user) {
+    if (m.kind != MemberKind::Method) {
+      EXPECT_FALSE(m.reachesRegister) << m.name;
+    } else if (!m.reachesRegister) {
+      alone.push_back(m.name);
+    }
+  }
+  EXPECT_EQ(alone, (std::vector<std::string>{"GetTableName", "GetLastErrorMessage",
+                                             "IsDataProperty", "GetDataProperty", "SetDataProperty",
+                                             "GetDictionary", "SetDictionary"}));
   EXPECT_EQ(members("ZonePool").size(), 24u);
   EXPECT_EQ(testing::failureOf([] { members("Nothing"); }), kCannotCreateObject);
 }
