@@ -61,6 +61,7 @@ struct MemberInfo {
   std::string name;
   std::int32_t dispatchId = 0;
   bool property = false;
+  bool reachesRegister = false;
   // Argument identifiers by keyword as spelt and in lower case, from
   // GetIDsOfNames.
   TextMap<std::int32_t> argumentIds;
@@ -73,7 +74,8 @@ class ClassInfo {
     for (const MemberDescription& d : members(className)) {
       if (!names_.empty() && names_.back() == d.name) continue;  // the setter after the getter
       names_.push_back(d.name);
-      members_.push_back({d.name, d.dispatchId, d.kind != MemberKind::Method, {}});
+      members_.push_back(
+          {d.name, d.dispatchId, d.kind != MemberKind::Method, d.reachesRegister, {}});
     }
   }
 
@@ -323,14 +325,16 @@ PyObject* methodCall(PyObject* self, PyObject* const* args, std::size_t nargsf, 
     const auto invoke = [&] {
       result = Invoke(*o.record, method.member->dispatchId, kDispatchMethod, arguments);
     };
-    if (holdsObjects(arguments)) {
-      // A dictionary or collection passed in could be changed by another
-      // Python thread while the call reads it: such calls, which reach no
-      // database, keep the interpreter lock.
+    if (method.member->reachesRegister && !holdsObjects(arguments)) {
+      runWithoutInterpreterLock(*o.record, invoke);
+    } else {
+      // A method that works on the object alone is over sooner than letting
+      // go of the interpreter lock and taking it back. A dictionary or
+      // collection passed in could be changed by another Python thread
+      // while the call reads it, and a mapping is read by calling Python:
+      // such calls keep the interpreter lock.
       const RecordTurn turn(*o.record);
       invoke();
-    } else {
-      runWithoutInterpreterLock(*o.record, invoke);
     }
     for (Reference& r : references) {
       const Variant& now =
