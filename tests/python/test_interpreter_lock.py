@@ -14,6 +14,7 @@ import unittest
 from support import varnock
 
 STORED_LASTNAME = "a last name long enough to live on the heap"
+WRITTEN_COLUMNS = ("Lastname", "Firstname", "Email", "Bio", "Pagetopic")
 
 
 class RegisterTest(unittest.TestCase):
@@ -157,13 +158,19 @@ class SharedRecordTest(RegisterTest):
                 reads[slot] += 1
 
         def write():
-            end = time.monotonic() + 1.0
+            end = time.monotonic() + 2.0
             i = 0
             while time.monotonic() < end or min(reads) < 20:
-                value = "a written last name, also on the heap, %06d" % i
-                writer_view.Lastname = value
-                writer_view.Email = "w%d@example.org" % i
-                seen = writer_view.Lastname
+                value = "a written value, also on the heap, %06d" % i
+                # Properties, then the methods that work on the object alone.
+                if i % 2:
+                    for column in WRITTEN_COLUMNS:
+                        setattr(writer_view, column, value)
+                    seen = writer_view.Lastname
+                else:
+                    for column in WRITTEN_COLUMNS:
+                        writer_view.SetDataProperty(column, value)
+                    seen = writer_view.GetDataProperty("Lastname")
                 # Unless a GetUser came between, the value just written.
                 if seen not in (value, STORED_LASTNAME):
                     failures.append(seen)
@@ -182,6 +189,7 @@ class SharedRecordTest(RegisterTest):
         self.assertTrue(reader_view.GetUser())
         self.assertEqual((writer_view.Lastname, writer_view.Email),
                          (STORED_LASTNAME, "alice@example.org"))
+        self.assertIsNone(writer_view.Bio)
         writer_view.Lastname = "last"
         self.assertEqual(reader_view.Lastname, "last")
 
