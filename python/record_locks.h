@@ -7,9 +7,11 @@
 // records holds no lock of its own.
 //
 // Nothing ever waits for a record's lock while holding the interpreter lock.
-// The one way to hold two records' locks is Python code that a call runs
-// (a mapping given to SetDictionary) using another record: two threads whose
-// mappings each use the other's record would wait for each other.
+// The one way to hold two records' locks is Python code that a call runs (a
+// mapping given to SetDictionary, or the __del__ of one held as a value that
+// the call replaces) using another record: two threads whose mappings each
+// use the other's record, or a record sharing its stripe, would wait for
+// each other.
 #pragma once
 
 #include <functional>
