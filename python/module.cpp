@@ -24,6 +24,8 @@ PYBIND11_MODULE(varnock, m) {
       "    user.SetDataProperty(\"Lastname\", None)   # refused: False\n"
       "    user.GetLastErrorMessage()                # the reason\n";
 
+  m.attr("__version__") = VARNOCK_VERSION;
+
   defineErrors(m);
   defineValues(m);
   defineRecordType(m);

@@ -13,6 +13,9 @@ packages=(
   # on Debian 12 (postgresql-contrib-15 is only a name it provides).
   postgresql-15 odbc-postgresql
   pybind11-dev python3-dev
+  # Packaging: the .deb (dpkg-shlibdeps), its manual page, pip install from
+  # the checkout into a virtual environment.
+  dpkg-dev man-db python3-venv python3-pip python3-setuptools python3-wheel
 )
 missing=()
 for p in "${packages[@]}"; do

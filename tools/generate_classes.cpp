@@ -202,6 +202,7 @@ std::string classHeader(const Table& t) {
       << "#include <string>\n"
       << "#include <string_view>\n\n"
       << "#include \"varnock/collection.h\"\n"
+      << "#include \"varnock/export.h\"\n"
       << "#include \"varnock/record.h\"\n"
       << "#include \"varnock/variant.h\"\n";
   for (const auto& r : t.relations) {
@@ -209,7 +210,7 @@ std::string classHeader(const Table& t) {
       out << "#include \"varnock/" << fileStem(r.other) << ".h\"\n";
     }
   }
-  out << "\nnamespace varnock {\n\n"
+  out << "\nnamespace VARNOCK_PUBLIC varnock {\n\n"
       << "class " << t.name << " final : public Record {\n"
       << " public:\n"
       << "  " << t.name << "() : Record(\"" << t.name << "\") {}\n";
@@ -251,8 +252,8 @@ std::string umbrellaHeader() {
       << "// Generated from the table catalogue by tools/generate_classes.cpp.\n"
       << "#pragma once\n\n";
   for (const char* header :
-       {"automation_error", "collection", "conversions", "dictionary", "event_log", "host",
-        "record", "register", "sql_trace", "type_library", "variant"}) {
+       {"automation_error", "collection", "conversions", "dictionary", "event_log", "export",
+        "host", "record", "register", "sql_trace", "type_library", "variant"}) {
     out << "#include \"varnock/" << header << ".h\"\n";
   }
   out << "\n";

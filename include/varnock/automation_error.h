@@ -17,7 +17,9 @@
 #include <exception>
 #include <string>
 
-namespace varnock {
+#include "varnock/export.h"
+
+namespace VARNOCK_PUBLIC varnock {
 
 class AutomationError : public std::exception {
  public:

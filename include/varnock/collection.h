@@ -16,9 +16,10 @@
 #include <string_view>
 #include <vector>
 
+#include "varnock/export.h"
 #include "varnock/variant.h"
 
-namespace varnock {
+namespace VARNOCK_PUBLIC varnock {
 
 class Collection final : public Object {
  public:

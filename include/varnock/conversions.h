@@ -19,9 +19,10 @@
 #include <string>
 #include <string_view>
 
+#include "varnock/export.h"
 #include "varnock/variant.h"
 
-namespace varnock {
+namespace VARNOCK_PUBLIC varnock {
 
 // The ordinary text form: "True"/"False", plain decimal integers, doubles with
 // up to 15 significant digits ("1E-05", "1.5E+20"), dates as "5/4/2000 1:45:00

@@ -18,9 +18,10 @@
 #include <utility>
 #include <vector>
 
+#include "varnock/export.h"
 #include "varnock/variant.h"
 
-namespace varnock {
+namespace VARNOCK_PUBLIC varnock {
 
 class KeyedContainer : public Object {
  public:

@@ -20,7 +20,9 @@
 #include <string>
 #include <string_view>
 
-namespace varnock {
+#include "varnock/export.h"
+
+namespace VARNOCK_PUBLIC varnock {
 
 // Selects the back end. An unknown name raises AutomationError 5, and so
 // does "journal" in a build without the systemd journal.

@@ -10,12 +10,13 @@
 #include <string_view>
 
 #include "varnock/collection.h"
+#include "varnock/export.h"
 #include "varnock/group_code.h"
 #include "varnock/record.h"
 #include "varnock/user.h"
 #include "varnock/variant.h"
 
-namespace varnock {
+namespace VARNOCK_PUBLIC varnock {
 
 class GroupMember final : public Record {
  public:

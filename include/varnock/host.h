@@ -19,9 +19,10 @@
 #include <utility>
 #include <vector>
 
+#include "varnock/export.h"
 #include "varnock/record.h"
 
-namespace varnock {
+namespace VARNOCK_PUBLIC varnock {
 
 // Invoke kinds, combinable as a script host combines them (a call written
 // without parentheses arrives as method | property get).

@@ -18,13 +18,19 @@
 
 #include "varnock/collection.h"
 #include "varnock/dictionary.h"
+#include "varnock/export.h"
 #include "varnock/variant.h"
 
+// The library's own parts that Record lets in; declared outside the public
+// block so that the shared library does not export them.
 namespace varnock {
-
 namespace catalogue {
 struct Table;
 }
+class RecordInternal;
+}  // namespace varnock
+
+namespace VARNOCK_PUBLIC varnock {
 
 class Record : public Object {
  public:

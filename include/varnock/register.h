@@ -16,7 +16,9 @@
 #include <string_view>
 #include <vector>
 
-namespace varnock {
+#include "varnock/export.h"
+
+namespace VARNOCK_PUBLIC varnock {
 
 // Creates the register file at `path` and returns the connection string that
 // opens it, registerConnectionString(path). Never writes over an existing

@@ -9,7 +9,9 @@
 
 #include <string>
 
-namespace varnock {
+#include "varnock/export.h"
+
+namespace VARNOCK_PUBLIC varnock {
 
 // Appends entries to `path` from now on; the empty path switches it off.
 void setSqlTrace(const std::string& path);

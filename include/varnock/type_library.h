@@ -6,7 +6,9 @@
 
 #include <string>
 
-namespace varnock {
+#include "varnock/export.h"
+
+namespace VARNOCK_PUBLIC varnock {
 
 std::string typeLibraryText();
 

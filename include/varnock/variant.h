@@ -17,7 +17,9 @@
 #include <string_view>
 #include <variant>
 
-namespace varnock {
+#include "varnock/export.h"
+
+namespace VARNOCK_PUBLIC varnock {
 
 // Base of everything a Variant can refer to: record objects, Dictionary and
 // Collection. Objects are shared by reference, as automation objects are.

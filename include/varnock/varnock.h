@@ -8,6 +8,7 @@
 #include "varnock/conversions.h"
 #include "varnock/dictionary.h"
 #include "varnock/event_log.h"
+#include "varnock/export.h"
 #include "varnock/host.h"
 #include "varnock/record.h"
 #include "varnock/register.h"

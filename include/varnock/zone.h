@@ -10,10 +10,11 @@
 #include <string_view>
 
 #include "varnock/collection.h"
+#include "varnock/export.h"
 #include "varnock/record.h"
 #include "varnock/variant.h"
 
-namespace varnock {
+namespace VARNOCK_PUBLIC varnock {
 
 class Zone final : public Record {
  public:

@@ -10,12 +10,13 @@
 #include <string_view>
 
 #include "varnock/collection.h"
+#include "varnock/export.h"
 #include "varnock/record.h"
 #include "varnock/user.h"
 #include "varnock/variant.h"
 #include "varnock/zone.h"
 
-namespace varnock {
+namespace VARNOCK_PUBLIC varnock {
 
 class ZoneAddress final : public Record {
  public:

@@ -10,11 +10,12 @@
 #include <string_view>
 
 #include "varnock/collection.h"
+#include "varnock/export.h"
 #include "varnock/record.h"
 #include "varnock/variant.h"
 #include "varnock/zone.h"
 
-namespace varnock {
+namespace VARNOCK_PUBLIC varnock {
 
 class ZonePool final : public Record {
  public:

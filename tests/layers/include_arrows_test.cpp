@@ -71,6 +71,7 @@ std::string ownerOfPublicHeader(const std::string& file) {
         {"collection.h", "automation"},
         {"conversions.h", "automation"},
         {"dictionary.h", "automation"},
+        {"export.h", "automation"},
         {"variant.h", "automation"},
         {"event_log.h", "eventLog"},
         {"record.h", "record"},
