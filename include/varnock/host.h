@@ -47,6 +47,16 @@ inline constexpr std::int32_t kCannotCreateObject = 429;
 // A new, initialised record object; an unknown name raises error 429.
 std::shared_ptr<Record> CreateObject(std::string_view progIdOrClassId);
 
+// One creatable class: "User", "Varnock.User" and its class identifier.
+struct ClassDescription {
+  std::string name;
+  std::string progId;
+  std::string classId;
+};
+
+// Every class, in the type library's order.
+std::vector<ClassDescription> classes();
+
 // The arguments of one call. Positional arguments fill the declared
 // arguments from the first; named ones give an argument identifier (its
 // position, as GetIDsOfNames answers) and a value. After the call, arguments

@@ -12,16 +12,19 @@ namespace {
 
 // The table whose ProgID, class identifier or (for member listings) name is given.
 const catalogue::Table& classNamed(std::string_view name, bool acceptTableName) {
+  std::string hint;
   for (const catalogue::Table& t : catalogue::tables()) {
-    if (equalsIgnoringCase(name, t.progId) || equalsIgnoringCase(name, t.classId) ||
-        (acceptTableName && equalsIgnoringCase(name, t.name))) {
-      return t;
+    if (equalsIgnoringCase(name, t.progId) || equalsIgnoringCase(name, t.classId)) return t;
+    if (equalsIgnoringCase(name, t.name)) {
+      if (acceptTableName) return t;
+      // A table's name is what most people try first.
+      hint = "; its ProgID is '" + t.progId + "'";
     }
   }
   throw AutomationError(kCannotCreateObject,
                         "ActiveX component can't create object: no class of " +
                             std::string(catalogue::kLibraryName) + " is named '" +
-                            std::string(name) + "'",
+                            std::string(name) + "'" + hint,
                         AutomationError::kRuntimeSource);
 }
 
@@ -99,6 +102,13 @@ std::string_view kindName(MemberKind kind) {
 
 std::shared_ptr<Record> CreateObject(std::string_view progIdOrClassId) {
   return newRecord(classNamed(progIdOrClassId, false).name);
+}
+
+std::vector<ClassDescription> classes() {
+  std::vector<ClassDescription> described;
+  for (const catalogue::Table& t : catalogue::tables())
+    described.push_back({std::string(t.name), t.progId, std::string(t.classId)});
+  return described;
 }
 
 std::vector<MemberDescription> members(std::string_view className) {

@@ -26,6 +26,14 @@ class CreationTest(AutomationErrorAssertions):
         self.assertAutomationError(94, varnock.CreateObject, None)
         self.assertAutomationError(TYPE_MISMATCH, varnock.CreateObject, ["Varnock.User"])
 
+    def test_a_table_name_is_answered_with_its_progid(self):
+        # CreateObject takes ProgIDs, as a script host's does; the tool's
+        # "User" is a table name, and the refusal says what to write instead.
+        error = self.assertAutomationError(CANNOT_CREATE, varnock.CreateObject, "zoneaddress")
+        self.assertIn("its ProgID is 'Varnock.ZoneAddress'", error.description)
+        error = self.assertAutomationError(CANNOT_CREATE, varnock.CreateObject, "Usr")
+        self.assertNotIn("ProgID", error.description)
+
     def test_records_are_made_only_by_the_module(self):
         with self.assertRaises(TypeError):
             varnock.Record()

@@ -51,6 +51,24 @@ TEST_F(Describing, MembersListsTheInterfaceInOrderWithHexIdentifiers) {
   }
 }
 
+TEST_F(Describing, MembersWithoutAClassListsTheClasses) {
+  const ProgramRun run = varnock({"members"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  const auto lines = linesOf(run.out);
+  const std::vector<ClassDescription> expected = classes();
+  ASSERT_EQ(expected.size(), 11u);
+  ASSERT_EQ(lines.size(), expected.size() + 1) << run.out;
+  EXPECT_EQ(cellsOf(lines[0]), (std::vector<std::string>{"CLASS", "PROGID", "CLSID"}));
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    EXPECT_EQ(cellsOf(lines[i + 1]), (std::vector<std::string>{expected[i].name, expected[i].progId,
+                                                               expected[i].classId}));
+    // Each line names a class that can be made, by either name.
+    EXPECT_NE(CreateObject(expected[i].classId), nullptr);
+    EXPECT_EQ(CreateObject(expected[i].progId)->typeName(), expected[i].name);
+  }
+  EXPECT_EQ(varnock({"members", "User", "Zone"}).status, 2);
+}
+
 TEST_F(Describing, IdlPrintsTheTypeLibraryText) {
   const ProgramRun run = varnock({"idl"});
   EXPECT_EQ(run.status, 0);
@@ -64,9 +82,9 @@ TEST_F(Describing, HelpExplainsCommandsNotationEnvironmentAndStatuses) {
   EXPECT_EQ(help.status, 0);
   EXPECT_EQ(help.err, "");
   for (const char* topic :
-       {"init PATH", "call CLASS METHOD", "members CLASS", "idl", "--dsn", "--set", "--json",
-        "--trace", "str:", "null", "empty", "#5/4/2000", "VARNOCK_DSN", "VARNOCK_EVENT_LOG",
-        "VARNOCK_SQL_TRACE", "Exit status"}) {
+       {"init PATH", "call CLASS METHOD", "members [CLASS]", "@FILE", "idl", "--dsn", "--set",
+        "--json", "--trace", "str:", "null", "empty", "#5/4/2000", "VARNOCK_DSN",
+        "VARNOCK_EVENT_LOG", "VARNOCK_SQL_TRACE", "Exit status"}) {
     EXPECT_NE(help.out.find(topic), std::string::npos) << topic;
   }
   EXPECT_EQ(varnock({"help"}).out, help.out);

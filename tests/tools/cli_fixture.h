@@ -40,12 +40,13 @@ class VarnockCli : public ::testing::Test {
 
   // Runs `varnock ARGUMENTS` in the folder. VARNOCK_DSN and VARNOCK_SQL_TRACE
   // are unset unless `environment` sets them; events go to a file there.
-  ProgramRun varnock(const std::vector<std::string>& arguments,
-                     EnvironmentChanges environment = {}) const {
+  // `input` is its standard input.
+  ProgramRun varnock(const std::vector<std::string>& arguments, EnvironmentChanges environment = {},
+                     const std::optional<std::string>& input = std::nullopt) const {
     environment.try_emplace("VARNOCK_DSN", std::nullopt);
     environment.try_emplace("VARNOCK_SQL_TRACE", std::nullopt);
     environment.try_emplace("VARNOCK_EVENT_LOG", "file:" + (folder_ / "events.jsonl").string());
-    ProgramRun run = runProgram(VARNOCK_CLI_PATH, arguments, folder_, environment);
+    ProgramRun run = runProgram(VARNOCK_CLI_PATH, arguments, folder_, environment, input);
     // A sanitizer report can end with any status, so look for the report itself.
     EXPECT_EQ(run.err.find("Sanitizer"), std::string::npos) << run.err;
     EXPECT_EQ(run.err.find("runtime error:"), std::string::npos) << run.err;

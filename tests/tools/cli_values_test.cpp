@@ -2,6 +2,8 @@
 // statuses, on objects that need no register.
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "tools/cli_fixture.h"
 
 namespace varnock::testing {
@@ -126,7 +128,7 @@ TEST_F(Statuses, EachCommandLineEndsWithItsStatus) {
       // Values the notation cannot hold; nothing is called.
       {"call User Firstname --set Firstname=1e999", 2},
       {"call User Firstname --set Firstname=#2/30/2000#", 2},
-      {"members", 2},
+      {"members User Zone", 2},
       {"members NoSuchClass", 2},
       {"idl extra", 2},
       // Arguments that do not bind.
@@ -161,6 +163,37 @@ TEST_F(Statuses, OutputOfResultsAndOfRaisedErrors) {
   EXPECT_TRUE(holds(varnockJson({"call", "User", "SetDataProperty", "strPropertyName=Authorized",
                                  "varPropertyValue=TRUE"}),
                     R"({"result": true,)"));
+}
+
+TEST_F(Values, AtFileAndAtDashAreWholeTextsFromAFileOrStandardInput) {
+  const std::string text = "line one\nline \"two\" \xC3\xBC\n";
+  {
+    std::ofstream file(folder() / "bio.txt", std::ios::binary);
+    file << text;
+  }
+  EXPECT_EQ(jsonResult("@bio.txt"), "\"line one\\nline \\\"two\\\" \xC3\xBC\\n\"");
+  EXPECT_EQ(varnock({"call", "User", "Firstname", "--set", "Firstname=@-"}, {}, "from\nstdin").out,
+            "from\nstdin\n");
+  EXPECT_EQ(jsonResult("str:@bio.txt"), R"("@bio.txt")");
+  // Longer than one word of a command line may be.
+  const std::string longText(300000, 'x');
+  {
+    std::ofstream file(folder() / "long.txt", std::ios::binary);
+    file << longText;
+  }
+  EXPECT_EQ(readBack("@long.txt").out, longText + "\n");
+  // Arguments take the notation too.
+  EXPECT_EQ(varnock({"call", "User", "IsDataProperty", "@-"}, {}, "Firstname").out, "True\n");
+  EXPECT_EQ(varnock({"call", "User", "IsDataProperty", "@-"}, {}, "Firstname\n").out, "False\n");
+
+  const ProgramRun missing = readBack("@no-such-file");
+  EXPECT_EQ(missing.status, 2);
+  EXPECT_TRUE(holds(missing.err, "cannot read no-such-file")) << missing.err;
+  const ProgramRun twice =
+      varnock({"call", "User", "Firstname", "--set", "Firstname=@-", "--set", "Lastname=@-"}, {},
+              "one value");
+  EXPECT_EQ(twice.status, 2);
+  EXPECT_TRUE(holds(twice.err, "@- may stand for one value only")) << twice.err;
 }
 
 using Assignments = VarnockCli;

@@ -5,7 +5,7 @@
 
 #include "dsn.h"
 #include "text_util.h"
-#include "value_notation.h"
+#include "value_files.h"
 #include "varnock/automation_error.h"
 #include "varnock/conversions.h"
 #include "varnock/host.h"
@@ -55,7 +55,7 @@ const MemberDescription& calledMember(const Interface& described, const CallRequ
 // "name=value" is named when name is one of the member's arguments;
 // otherwise the whole word is a positional value.
 DispatchArguments argumentsOf(const MemberDescription& member,
-                              const std::vector<std::string>& words) {
+                              const std::vector<std::string>& words, ValueReader& values) {
   DispatchArguments arguments;
   for (const std::string& word : words) {
     const std::size_t equals = word.find('=');
@@ -70,9 +70,10 @@ DispatchArguments argumentsOf(const MemberDescription& member,
       }
     }
     if (position < 0) {
-      arguments.positional.push_back(parseValue(word));
+      arguments.positional.push_back(values.read(word));
     } else {
-      arguments.named.emplace_back(position, parseValue(std::string_view(word).substr(equals + 1)));
+      arguments.named.emplace_back(position,
+                                   values.read(std::string_view(word).substr(equals + 1)));
     }
   }
   return arguments;
@@ -142,21 +143,22 @@ std::vector<NamedValue> columnsOf(const Record& object) {
 
 }  // namespace
 
-CallOutcome runCall(const CallRequest& request) {
+CallOutcome runCall(const CallRequest& request, std::istream& standardInput) {
   const Interface described = interfaceOf(request.className);
   const MemberDescription& member = calledMember(described, request);
 
   // Every value is read before anything is done, so a typing mistake
   // changes nothing.
+  ValueReader values(standardInput);
   std::vector<Assignment> assignments;
   for (const auto& [column, text] : request.assignments) {
     const MemberDescription* property = find(described, column, MemberKind::PropertyPut);
     if (property == nullptr) {
       throw UsageError(inQuotes(column) + " is not a property of " + request.className);
     }
-    assignments.push_back({property, parseValue(text)});
+    assignments.push_back({property, values.read(text)});
   }
-  DispatchArguments arguments = argumentsOf(member, request.arguments);
+  DispatchArguments arguments = argumentsOf(member, request.arguments, values);
 
   if (request.trace) setSqlTrace(*request.trace);
   const std::shared_ptr<Record> object = createNamed(request.className);

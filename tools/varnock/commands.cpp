@@ -21,6 +21,25 @@ void expectCount(const Words& words, std::size_t count, const char* usage) {
   if (words.size() != count) throw UsageError(std::string("usage: ") + usage);
 }
 
+// Rows of words, each column as wide as its widest word.
+void writeColumns(std::ostream& out, const std::vector<std::vector<std::string>>& rows) {
+  std::vector<std::size_t> widths;
+  for (const auto& row : rows) {
+    widths.resize(std::max(widths.size(), row.size()));
+    for (std::size_t i = 0; i < row.size(); ++i)
+      widths[i] = std::max(widths[i], row[i].size());
+  }
+  for (const auto& row : rows) {
+    std::string text;
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      if (row[i].empty()) continue;
+      if (i > 0) text += std::string(widths[i - 1] + 2 - row[i - 1].size(), ' ');
+      text += row[i];
+    }
+    out << text << '\n';
+  }
+}
+
 }  // namespace
 
 ExitStatus initCommand(const Words& words, std::ostream& out, std::ostream& err) {
@@ -42,14 +61,14 @@ ExitStatus initCommand(const Words& words, std::ostream& out, std::ostream& err)
   return kSuccess;
 }
 
-ExitStatus callCommand(const Words& words, std::ostream& out, std::ostream& err) {
+ExitStatus callCommand(const Words& words, std::istream& in, std::ostream& out, std::ostream& err) {
   const CallRequest request = parseCallLine(words);
   if (request.help) {
     out << helpText();
     return kSuccess;
   }
   try {
-    const CallOutcome outcome = runCall(request);
+    const CallOutcome outcome = runCall(request, in);
     if (request.json) {
       writeJson(out, outcome);
     } else {
@@ -65,7 +84,14 @@ ExitStatus callCommand(const Words& words, std::ostream& out, std::ostream& err)
 }
 
 ExitStatus membersCommand(const Words& words, std::ostream& out) {
-  expectCount(words, 1, "varnock members CLASS");
+  if (words.size() > 1) throw UsageError("usage: varnock members [CLASS]");
+  if (words.empty()) {
+    std::vector<std::vector<std::string>> rows{{"CLASS", "PROGID", "CLSID"}};
+    for (const ClassDescription& c : classes())
+      rows.push_back({c.name, c.progId, c.classId});
+    writeColumns(out, rows);
+    return kSuccess;
+  }
   std::vector<MemberDescription> described;
   try {
     described = members(words[0]);
@@ -73,30 +99,14 @@ ExitStatus membersCommand(const Words& words, std::ostream& out) {
     if (e.number() != kCannotCreateObject) throw;
     throw UsageError("there is no class named " + inQuotes(words[0]));
   }
-  struct Line {
-    std::string name, id, kind, arguments;
-  };
-  std::vector<Line> lines{{"NAME", "DISPID", "KIND", "ARGUMENTS"}};
+  std::vector<std::vector<std::string>> rows{{"NAME", "DISPID", "KIND", "ARGUMENTS"}};
   for (const MemberDescription& m : described) {
     std::string arguments;
     for (const std::string& a : m.argumentNames)
       arguments += (arguments.empty() ? "" : ", ") + a;
-    lines.push_back({m.name, hexNumber(m.dispatchId), std::string(kindName(m.kind)), arguments});
+    rows.push_back({m.name, hexNumber(m.dispatchId), std::string(kindName(m.kind)), arguments});
   }
-  std::size_t nameWidth = 0, kindWidth = 0, idWidth = 0;
-  for (const Line& l : lines) {
-    nameWidth = std::max(nameWidth, l.name.size());
-    idWidth = std::max(idWidth, l.id.size());
-    kindWidth = std::max(kindWidth, l.kind.size());
-  }
-  for (const Line& l : lines) {
-    std::string text = l.name + std::string(nameWidth + 2 - l.name.size(), ' ') + l.id +
-                       std::string(idWidth + 2 - l.id.size(), ' ') + l.kind;
-    if (!l.arguments.empty()) {
-      text += std::string(kindWidth + 2 - l.kind.size(), ' ') + l.arguments;
-    }
-    out << text << '\n';
-  }
+  writeColumns(out, rows);
   return kSuccess;
 }
 

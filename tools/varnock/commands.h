@@ -3,6 +3,7 @@
 // AutomationError are left to the caller, which reports them.
 #pragma once
 
+#include <istream>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -14,7 +15,7 @@ namespace varnock::cli {
 using Words = std::vector<std::string>;
 
 ExitStatus initCommand(const Words& words, std::ostream& out, std::ostream& err);
-ExitStatus callCommand(const Words& words, std::ostream& out, std::ostream& err);
+ExitStatus callCommand(const Words& words, std::istream& in, std::ostream& out, std::ostream& err);
 ExitStatus membersCommand(const Words& words, std::ostream& out);
 ExitStatus idlCommand(const Words& words, std::ostream& out);
 

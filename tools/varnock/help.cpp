@@ -42,9 +42,10 @@ Commands
       --                 every later word is an argument, even if it starts
                          with "--"
 
-  members CLASS
+  members [CLASS]
       Lists the members of CLASS in interface order: name, dispatch
       identifier, kind (method, propget, propput) and argument names.
+      Without CLASS, lists the classes: name, ProgID and class identifier.
 
   idl
       Prints the type library in MIDL.
@@ -63,6 +64,10 @@ Value notation (arguments and --set values)
   #5/4/2000 1:45 PM#   date, by the register's en-US rule; #2000-05-04# too
   str:TEXT             TEXT exactly as written: str:null is the text "null",
                        str:42 the text "42", str:a=b a positional "a=b"
+  @FILE                the text that FILE holds, to its last byte (for
+                       values too long for a command line)
+  @-                   the text read from standard input, to its end (one
+                       value per call)
   anything else        text as written
 
 Output

@@ -33,7 +33,7 @@ ExitStatus run(const std::vector<std::string>& words) {
     return kSuccess;
   }
   if (command == "init") return initCommand(rest, std::cout, std::cerr);
-  if (command == "call") return callCommand(rest, std::cout, std::cerr);
+  if (command == "call") return callCommand(rest, std::cin, std::cout, std::cerr);
   if (command == "copy")
     return copyCommand(rest, std::cout, std::cerr, ::isatty(STDERR_FILENO) == 1);
   if (command == "members") return membersCommand(rest, std::cout);
