@@ -85,6 +85,41 @@ void defineDictionary(py::module_& m) {
             return items;
           },
           "The items, in the order of their keys.")
+      .def(
+          "keys",
+          [](const Dictionary& d) {
+            py::list keys;
+            for (const auto& entry : d)
+              keys.append(textObject(entry.first));
+            return keys;
+          },
+          "The keys, in insertion order, as dict.keys gives them: dict(d) copies the dictionary.")
+      .def(
+          "values",
+          [](const Dictionary& d) {
+            py::list items;
+            for (const auto& entry : d)
+              items.append(fromVariant(entry.second));
+            return items;
+          },
+          "The items, in the order of their keys.")
+      .def(
+          "items",
+          [](const Dictionary& d) {
+            py::list pairs;
+            for (const auto& entry : d)
+              pairs.append(py::make_tuple(textObject(entry.first), fromVariant(entry.second)));
+            return pairs;
+          },
+          "(key, item) pairs, in insertion order.")
+      .def(
+          "get",
+          [](const Dictionary& d, py::object key, py::object otherwise) {
+            const std::string text = textOf(key);
+            return d.Exists(text) ? fromVariant(Variant(d.Item(text))) : otherwise;
+          },
+          py::arg("key"), py::arg("default") = py::none(),
+          "The item of a key, or default when the key is missing.")
       .def_property_readonly("Count", &Dictionary::Count)
       .def("__len__", &Dictionary::Count)
       .def("__iter__", [](const std::shared_ptr<Dictionary>& d) { return KeyCursor{d}; })
@@ -104,7 +139,10 @@ void defineCollection(py::module_& m) {
 
   py::class_<Collection, std::shared_ptr<Collection>>(
       m, "Collection", py::is_final(),
-      "The ordered, keyless collection that the listing methods return; Item counts from 1.")
+      "The ordered, keyless collection that the listing methods return.\n\n"
+      "Item counts from 1, as scripts do: c.Item(1) is the first item and c.Item(c.Count) the "
+      "last. Python indexing counts from 0: c[0] is c.Item(1), c[-1] the last item, and c[1:3] "
+      "a list of the second and third. len(c) is c.Count; iteration goes from first to last.")
       .def(py::init([] { return std::make_shared<Collection>(); }))
       .def(
           "Add", [](Collection& c, py::object item) { c.Add(toVariant(item)); }, py::arg("item"))
@@ -114,6 +152,28 @@ void defineCollection(py::module_& m) {
             return fromVariant(Variant(c.Item(toLong(toVariant(index)))));
           },
           py::arg("index"), "The item at a position from 1 to Count; others raise error 9.")
+      .def(
+          "__getitem__",
+          [](const Collection& c, std::int64_t index) {
+            const std::int64_t count = c.Count();
+            const std::int64_t position = index < 0 ? index + count : index;
+            if (position < 0 || position >= count)
+              throw py::index_error("Collection index out of range");
+            return fromVariant(Variant(c.Item(static_cast<std::int32_t>(position + 1))));
+          },
+          py::arg("index"))
+      .def("__getitem__",
+           [](const Collection& c, const py::slice& positions) {
+             std::size_t start = 0, stop = 0, step = 0, length = 0;
+             if (!positions.compute(static_cast<std::size_t>(c.Count()), &start, &stop, &step,
+                                    &length)) {
+               throw py::error_already_set();
+             }
+             py::list items;
+             for (std::size_t i = 0; i < length; ++i, start += step)
+               items.append(fromVariant(Variant(c.Item(static_cast<std::int32_t>(start + 1)))));
+             return items;
+           })
       .def_property_readonly("Count", &Collection::Count)
       .def("__len__", &Collection::Count)
       .def("__iter__", [](const std::shared_ptr<Collection>& c) { return ItemCursor{c}; })

@@ -41,10 +41,16 @@ PYBIND11_MODULE(varnock, m) {
   m.def(
       "members",
       [](py::object className) {
+        const auto argumentNames = [](const varnock::MemberDescription& d) {
+          std::vector<std::string> names;
+          for (const varnock::ArgumentDescription& a : d.arguments)
+            names.push_back(a.name);
+          return names;
+        };
         py::list described;
         for (const varnock::MemberDescription& d : varnock::members(textOf(className))) {
-          described.append(
-              py::make_tuple(d.name, d.dispatchId, std::string(kindName(d.kind)), d.argumentNames));
+          described.append(py::make_tuple(d.name, d.dispatchId, std::string(kindName(d.kind)),
+                                          argumentNames(d)));
         }
         return described;
       },

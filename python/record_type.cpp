@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "errors.h"
+#include "method_docs.h"
 #include "record_locks.h"
 #include "values.h"
 #include "varnock/automation_error.h"
@@ -62,6 +63,7 @@ struct MemberInfo {
   std::int32_t dispatchId = 0;
   bool property = false;
   bool reachesRegister = false;
+  MemberDescription description;  // what help() and inspect show
   // Argument identifiers by keyword as spelt and in lower case, from
   // GetIDsOfNames.
   TextMap<std::int32_t> argumentIds;
@@ -75,7 +77,7 @@ class ClassInfo {
       if (!names_.empty() && names_.back() == d.name) continue;  // the setter after the getter
       names_.push_back(d.name);
       members_.push_back(
-          {d.name, d.dispatchId, d.kind != MemberKind::Method, d.reachesRegister, {}});
+          {d.name, d.dispatchId, d.kind != MemberKind::Method, d.reachesRegister, d, {}});
     }
   }
 
@@ -363,6 +365,44 @@ void methodDealloc(PyObject* self) {
   Py_TYPE(self)->tp_free(self);
 }
 
+const MemberInfo& memberOf(PyObject* self) {
+  return *reinterpret_cast<MethodObject*>(self)->member;
+}
+
+PyObject* methodDocGet(PyObject* self, void*) {
+  try {
+    return newText(methodDoc(memberOf(self).description));
+  } catch (...) {
+    raiseCurrentException();
+    return nullptr;
+  }
+}
+
+PyObject* methodSignatureGet(PyObject* self, void*) {
+  try {
+    return methodSignature(memberOf(self).description).release().ptr();
+  } catch (...) {
+    raiseCurrentException();
+    return nullptr;
+  }
+}
+
+PyObject* methodNameGet(PyObject* self, void*) {
+  return newText(memberOf(self).name);
+}
+
+PyObject* methodQualifiedNameGet(PyObject* self, void*) {
+  const auto& method = *reinterpret_cast<MethodObject*>(self);
+  return newText(recordObject(method.owner).info->name() + "." + method.member->name);
+}
+
+PyGetSetDef methodAttributes[] = {
+    {"__doc__", methodDocGet, nullptr, nullptr, nullptr},
+    {"__signature__", methodSignatureGet, nullptr, nullptr, nullptr},
+    {"__name__", methodNameGet, nullptr, nullptr, nullptr},
+    {"__qualname__", methodQualifiedNameGet, nullptr, nullptr, nullptr},
+    {nullptr, nullptr, nullptr, nullptr, nullptr}};
+
 PyObject* methodRepr(PyObject* self) {
   const auto& method = *reinterpret_cast<MethodObject*>(self);
   return PyUnicode_FromFormat("<method %s of varnock.%s object>", method.member->name.c_str(),
@@ -403,6 +443,7 @@ void defineRecordType(py::module_& m) {
   t.tp_vectorcall_offset = offsetof(MethodObject, vectorcall);
   t.tp_call = PyVectorcall_Call;
   t.tp_repr = methodRepr;
+  t.tp_getset = methodAttributes;
   if (PyType_Ready(&t) < 0) throw py::error_already_set();
 
   m.attr("Record") = py::handle(reinterpret_cast<PyObject*>(&r));

@@ -89,6 +89,15 @@ enum class MemberKind : std::uint8_t { Method, PropertyGet, PropertyPut };
 // "method", "propget" or "propput", as type libraries write them.
 std::string_view kindName(MemberKind kind);
 
+// One argument of a member, as the type library declares it.
+struct ArgumentDescription {
+  std::string name;
+  std::string type;      // "String", "Long", "Boolean" or "Variant"
+  bool byReference;      // the call may change it, and the caller sees the change
+  bool optional;         // may be left out; it then takes defaultValue
+  Variant defaultValue;  // Empty for a required argument
+};
+
 // One entry of a class's interface, in interface order.
 struct MemberDescription {
   std::string name;
@@ -100,7 +109,12 @@ struct MemberDescription {
   // True for the members that read or write the register, and so may wait
   // for its lock and write the SQL trace; the others work on the object alone.
   bool reachesRegister;
-  std::vector<std::string> argumentNames;
+  std::vector<ArgumentDescription> arguments;
+  // What the entry gives back: "Boolean", "Long", "String", "Variant",
+  // "Dictionary", "Collection", a class name ("Zone"), or "" (a setter).
+  std::string resultType;
+  // One line on what it does, in the class's own names.
+  std::string summary;
 };
 
 // The interface of a class named by table name, ProgID or class identifier

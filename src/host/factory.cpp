@@ -2,6 +2,7 @@
 // script hosts list.
 #include "automation/text.h"
 #include "catalogue/catalogue.h"
+#include "catalogue/member_summary.h"
 #include "record/new_record.h"
 #include "varnock/automation_error.h"
 #include "varnock/host.h"
@@ -113,11 +114,20 @@ std::vector<ClassDescription> classes() {
 
 std::vector<MemberDescription> members(std::string_view className) {
   std::vector<MemberDescription> described;
-  for (const catalogue::Member& m : classNamed(className, true).members) {
-    MemberDescription d{
-        m.name, m.dispatchId, kindOf(m.kind), loadsObject(m.role), reachesRegister(m.role), {}};
-    for (const catalogue::Argument& a : m.arguments)
-      d.argumentNames.emplace_back(a.name);
+  const catalogue::Table& table = classNamed(className, true);
+  for (const catalogue::Member& m : table.members) {
+    MemberDescription d{m.name,
+                        m.dispatchId,
+                        kindOf(m.kind),
+                        loadsObject(m.role),
+                        reachesRegister(m.role),
+                        {},
+                        catalogue::valueTypeName(m.result, m.resultClass),
+                        catalogue::memberSummary(table, m)};
+    for (const catalogue::Argument& a : m.arguments) {
+      d.arguments.push_back({std::string(a.name), catalogue::valueTypeName(a.type), a.byRef,
+                             a.optional, a.optional ? a.defaultValue : Variant()});
+    }
     described.push_back(std::move(d));
   }
   return described;

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "support/failure_of.h"
 
 #include "support/captured_events.h"
@@ -140,7 +142,7 @@ TEST(Invoke, ReturnsObjectsAndReachesEveryMember) {
                                  : m.kind == MemberKind::PropertyGet ? kDispatchPropertyGet
                                                                      : kDispatchPropertyPut;
       DispatchArguments tooMany;
-      tooMany.positional.assign(m.argumentNames.size() + 1, Variant());
+      tooMany.positional.assign(m.arguments.size() + 1, Variant());
       EXPECT_EQ(testing::failureOf([&] { Invoke(*record, m.dispatchId, kind, tooMany); }),
                 kBadParameterCount)
           << t << "." << m.name;
@@ -161,7 +163,10 @@ TEST(Members, DescribeTheInterfaceInOrder) {
   EXPECT_EQ(user[0].name, "DSN");
   EXPECT_EQ(user[0].kind, MemberKind::PropertyGet);
   EXPECT_EQ(user[1].kind, MemberKind::PropertyPut);
-  EXPECT_EQ(user[1].argumentNames, (std::vector<std::string>{"value"}));
+  ASSERT_EQ(user[1].arguments.size(), 1u);
+  EXPECT_EQ(user[1].arguments[0].name, "value");
+  EXPECT_EQ(user[1].resultType, "");
+  EXPECT_EQ(user[0].resultType, "String");
   EXPECT_EQ(members("User").back().name, "CountDerivedChildrenInZone");
   // The methods that fill the object itself, and no others.
   std::vector<std::string> loading;
@@ -185,6 +190,38 @@ TEST(Members, DescribeTheInterfaceInOrder) {
                                              "GetDictionary", "SetDictionary"}));
   EXPECT_EQ(members("ZonePool").size(), 24u);
   EXPECT_EQ(testing::failureOf([] { members("Nothing"); }), kCannotCreateObject);
+}
+
+TEST(Members, DescribeArgumentsResultsAndWhatEachDoes) {
+  const auto zone = members("Varnock.ZonePool");
+  const auto named = [&](std::string_view name) {
+    const auto it = std::find_if(zone.begin(), zone.end(),
+                                 [&](const MemberDescription& m) { return m.name == name; });
+    EXPECT_NE(it, zone.end()) << name;
+    return *it;
+  };
+  const MemberDescription every = named("GetEveryZonePool");
+  EXPECT_EQ(every.resultType, "Collection");
+  ASSERT_EQ(every.arguments.size(), 4u);
+  const ArgumentDescription& order = every.arguments[1];
+  EXPECT_EQ(order.name, "strOrderClause");
+  EXPECT_EQ(order.type, "String");
+  EXPECT_TRUE(order.byReference && order.optional);
+  EXPECT_EQ(order.defaultValue, Variant(""));
+  EXPECT_EQ(every.arguments[2].defaultValue, Variant(1));
+  EXPECT_EQ(every.arguments[3].name, "lngNumRecords");
+  EXPECT_NE(every.summary.find("new ZonePool objects"), std::string::npos) << every.summary;
+
+  const MemberDescription next = named("GetNextZonePool");
+  EXPECT_EQ(next.resultType, "Boolean");
+  EXPECT_FALSE(next.arguments[0].optional);
+  EXPECT_EQ(next.arguments[0].type, "Long");
+  EXPECT_EQ(next.arguments[0].defaultValue, Variant());
+
+  // A parent is an object of its own class; every member says what it does.
+  EXPECT_EQ(named("GetParentInZone").resultType, "Zone");
+  for (const MemberDescription& m : zone)
+    EXPECT_FALSE(m.summary.empty()) << m.name;
 }
 
 }  // namespace

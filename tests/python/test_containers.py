@@ -27,6 +27,19 @@ class DictionaryTest(AutomationErrorAssertions):
         self.assertEqual(d.Keys(), ["b", "a", "c", "new"])
         self.assertEqual(d.Items(), [3, "A", "C", 4])
 
+    def test_it_copies_into_a_dict_and_reads_like_one(self):
+        d = varnock.Dictionary()
+        d.Add("b", 2)
+        d.Add("A", None)
+        d.Add("c", varnock.Empty)
+        self.assertEqual(dict(d), {"b": 2, "A": None, "c": varnock.Empty})
+        self.assertEqual(list(dict(d)), ["b", "A", "c"])  # insertion order kept
+        self.assertEqual(d.items(), [("b", 2), ("A", None), ("c", varnock.Empty)])
+        self.assertEqual(d.values(), [2, None, varnock.Empty])
+        self.assertEqual(d.get("A", "missing"), None)  # a Null item is there
+        self.assertEqual(d.get("a", "missing"), "missing")  # keys compare exactly
+        self.assertEqual(dict(varnock.Dictionary()), {})
+
     def test_keys_are_text(self):
         d = varnock.Dictionary()
         d.Add(5, "five")
@@ -74,6 +87,25 @@ class CollectionTest(AutomationErrorAssertions):
         self.assertEqual(c.Item(3), "c")
         self.assertEqual(c.Item("2"), "b")  # converted as the component converts
         self.assertEqual(c.Item(2.5), "b")  # rounded half to even
+
+    def test_python_indexing_counts_from_zero(self):
+        c = varnock.Collection()
+        for item in ("first", "second", "third"):
+            c.Add(item)
+        self.assertEqual(c[0], c.Item(1))
+        self.assertEqual(c[2], "third")
+        self.assertEqual(c[-1], c.Item(c.Count))
+        self.assertEqual(c[-3], "first")
+        self.assertEqual(c[1:], ["second", "third"])
+        self.assertEqual(c[::-1], ["third", "second", "first"])
+        self.assertEqual(c[5:9], [])
+        for outside in (3, -4):
+            with self.assertRaises(IndexError):
+                c[outside]
+        with self.assertRaises(TypeError):
+            c["1"]
+        self.assertEqual(list(c), c[:])
+        self.assertIn("c[0] is c.Item(1)", varnock.Collection.__doc__)
 
     def test_indexes_are_converted_as_the_component_converts_numbers(self):
         c = varnock.Collection()

@@ -75,6 +75,47 @@ class MembersTest(AutomationErrorAssertions):
                     else:
                         self.assertNotIsInstance(value, type(o.GetTableName), member)
 
+    def test_methods_describe_their_arguments_result_and_purpose(self):
+        import inspect
+
+        zone = varnock.CreateObject("Varnock.Zone")
+        for name, _, kind, arguments in varnock.members("Zone"):
+            if kind != "method":
+                continue
+            method = getattr(zone, name)
+            signature = inspect.signature(method)
+            self.assertEqual(list(signature.parameters), arguments, name)
+            self.assertTrue(method.__doc__.startswith(name + "("), method.__doc__)
+            self.assertEqual(method.__name__, name)
+            self.assertEqual(method.__qualname__, "Zone." + name)
+
+        every = inspect.signature(zone.GetEveryZone)
+        self.assertEqual(every.parameters["strOrderClause"].default, "")
+        self.assertEqual(every.parameters["lngOffset"].default, 1)
+        self.assertEqual(every.parameters["lngNumRecords"].default, 0)
+        # The signature binds what a call accepts, and refuses what it does not.
+        every.bind("Zone > 'M'", lngNumRecords=5)
+        with self.assertRaises(TypeError):
+            every.bind(1, 2, 3, 4, 5)
+        nxt = inspect.signature(zone.GetNextZone)
+        self.assertIs(nxt.parameters["lngOffset"].default, inspect.Parameter.empty)
+
+        doc = zone.GetEveryZone.__doc__
+        self.assertTrue(
+            doc.startswith(
+                "GetEveryZone(strWhereClause='', strOrderClause='', lngOffset=1, "
+                "lngNumRecords=0) -> Collection\n\n"
+            ),
+            doc,
+        )
+        self.assertIn("new Zone objects", doc)
+        self.assertIn("Passed by reference: strWhereClause", doc)
+        self.assertIn("-> Boolean", zone.GetZone.__doc__)
+        self.assertNotIn("reference", zone.GetTableName.__doc__)
+
+    def test_version(self):
+        self.assertRegex(varnock.__version__, r"^\d+\.\d+")
+
     def test_type_library_text(self):
         text = varnock.idl()
         self.assertIsInstance(text, str)

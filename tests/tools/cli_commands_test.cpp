@@ -44,8 +44,8 @@ TEST_F(Describing, MembersListsTheInterfaceInOrderWithHexIdentifiers) {
       EXPECT_EQ(cells[1].substr(0, 2), "0x");
       EXPECT_EQ(cells[2], kindName(m.kind));
       std::string arguments;
-      for (const std::string& a : m.argumentNames)
-        arguments += (arguments.empty() ? "" : ", ") + a;
+      for (const ArgumentDescription& a : m.arguments)
+        arguments += (arguments.empty() ? "" : ", ") + a.name;
       EXPECT_EQ(cells.size() > 3 ? cells[3] : "", arguments) << lines[i + 1];
     }
   }

@@ -62,8 +62,8 @@ DispatchArguments argumentsOf(const MemberDescription& member,
     std::int32_t position = -1;
     if (equals != std::string::npos) {
       const std::string_view name(word.data(), equals);
-      for (std::size_t i = 0; i < member.argumentNames.size(); ++i) {
-        if (equalsIgnoringCase(member.argumentNames[i], name)) {
+      for (std::size_t i = 0; i < member.arguments.size(); ++i) {
+        if (equalsIgnoringCase(member.arguments[i].name, name)) {
           position = static_cast<std::int32_t>(i);
           break;
         }
@@ -96,14 +96,14 @@ std::vector<NamedValue> changedByReference(const MemberDescription& member,
                                            const DispatchArguments& after) {
   std::vector<NamedValue> byRef;
   for (std::size_t i = 0; i < after.positional.size(); ++i) {
-    if (i < member.argumentNames.size() && changed(before.positional[i], after.positional[i])) {
-      byRef.push_back({member.argumentNames[i], after.positional[i]});
+    if (i < member.arguments.size() && changed(before.positional[i], after.positional[i])) {
+      byRef.push_back({member.arguments[i].name, after.positional[i]});
     }
   }
   for (std::size_t i = 0; i < after.named.size(); ++i) {
     const auto& [position, value] = after.named[i];
     if (changed(before.named[i].second, value)) {
-      byRef.push_back({member.argumentNames[static_cast<std::size_t>(position)], value});
+      byRef.push_back({member.arguments[static_cast<std::size_t>(position)].name, value});
     }
   }
   return byRef;

@@ -102,8 +102,8 @@ ExitStatus membersCommand(const Words& words, std::ostream& out) {
   std::vector<std::vector<std::string>> rows{{"NAME", "DISPID", "KIND", "ARGUMENTS"}};
   for (const MemberDescription& m : described) {
     std::string arguments;
-    for (const std::string& a : m.argumentNames)
-      arguments += (arguments.empty() ? "" : ", ") + a;
+    for (const ArgumentDescription& a : m.arguments)
+      arguments += (arguments.empty() ? "" : ", ") + a.name;
     rows.push_back({m.name, hexNumber(m.dispatchId), std::string(kindName(m.kind)), arguments});
   }
   writeColumns(out, rows);
