@@ -48,6 +48,7 @@ install(TARGETS varnock_sqlite_extension
 if(VARNOCK_BUILD_PYTHON)
   install(TARGETS varnock_python LIBRARY DESTINATION ${VARNOCK_PYTHON_INSTALL_DIR}
     COMPONENT python)
+  install(FILES python/varnock.pyi DESTINATION ${VARNOCK_PYTHON_INSTALL_DIR} COMPONENT python)
 endif()
 
 install(FILES LICENSE README.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT library)
