@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The register's collation and LIKE on ASCII keys, the common case, beside
 // SQLite's NOCASE and built-in LIKE on the same 10,000 keys in the same run:
 // sorting, key lookups through an index, LIKE over every row, and the bare

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Late-bound calls through Invoke beside the same early-bound C++ calls, in
 // the same run. The caller holds the dispatch identifier, as a script host
 // does after its first look-up, so no name is looked up per call.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Peak memory for one large text value, end to end: written with Add<T> and
 // read back with Get<T>. The figure is the peak of everything the process
 // holds on the heap during the call (SQLite's blocks included), beyond what it

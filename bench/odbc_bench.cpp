@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // GetUser, GetEveryUser (a page of 10 and the whole table) and AddUser
 // through the record classes over ODBC, on an SQLite register through
 // SQLite's driver and on a PostgreSQL register through PostgreSQL's, each

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The reading operations on a register of 10,000 users, each beside the raw
 // SQLite C API running the same statement with the same open-execute-close
 // pattern in the same run.

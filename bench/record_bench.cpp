@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Column assignment and object creation, each beside a baseline measured in
 // the same run: a plain copy of the same value, the C library's own parse of
 // the same text, and a bare row of Variants with its own connection string.

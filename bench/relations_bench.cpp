@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Derived children of a user in 50 groups and the children of a group of
 // 1,000 members, each beside the raw SQLite C API running the same statement
 // and building the same rows.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a data method costs once sessions are kept, on a register of 10,000
 // users, beside the raw SQLite C API in the same run: running the same
 // statement on a connection kept for the run (prepare, step, finalize), the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // AddUser, UpdateUser and DeleteUser by key, each beside the raw SQLite C API
 // sending the same statements on one connection kept for the run.
 #include <benchmark/benchmark.h>

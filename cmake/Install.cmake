@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What `cmake --install` puts in place (GNUInstallDirs layout, any prefix):
 # the library, its public headers, its CMake package and pkg-config file, the
 # varnock tool and its manual page, the Python module and the SQLite

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # `cpack -G DEB` from a build configured for /usr (the "package" preset):
 # one package, varnock, with the library, headers, CMake and pkg-config
 # files, the tool and its manual page, and the Python module for Debian's

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A short tour of Varnock's record objects: create objects of several
 // classes, assign accepted and refused values, and show the values, the last
 // error messages and the event log entries that the refusals wrote.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Connection strings: any text parses, and any value written as valueText
 // writes it reads back exactly, as the register's connection strings are made.
 #include <cstddef>

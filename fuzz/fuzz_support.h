@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the fuzz targets share: the bound on an input, the check that turns a
 // broken invariant into a finding, and a scratch register for the targets
 // that need a database.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Late-bound calls as a script host makes them, one per line of the input:
 //   new Varnock.User               CreateObject; the new object is current
 //   use 1                          makes the second object current

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Numbers and dates as text: parseNumber and parseDate on any text, the
 // numeric and date tests and the conversions that share their rule, and the
 // ordinary text forms read back by the parsers that made their values.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A value of every kind assigned to a column of every SQL type the register
 // uses, written with Add<T> and read back with Get<T>. The column refuses the
 // value, or the write fails through the error path and writes nothing, or the

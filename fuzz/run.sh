@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Runs every fuzz target for SECONDS (default 60) each, two at a time,
 # starting from its checked-in seeds, and fails when any target finds
 # something. Builds the `fuzz` preset's targets first when needed. New corpus

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Statements in SQL Server's dialect carried over to a register's database.
 // The first byte of an input chooses the database ('0' is SQLite, '1'
 // PostgreSQL; a later database takes the next digit), the rest is the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The register's text comparison and LIKE on any bytes: the input is split
 // into three texts. The comparison must be an order (reflexive,
 // antisymmetric, transitive) that agrees with comparing the folded units one

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The command line's value notation: any argument text reads as a value or is
 // refused as a usage error, and what it reads as is what the notation says.
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // varnock.Dictionary and varnock.Collection: Python faces of the component's
 // own Dictionary and Collection, sharing the C++ object, so a dictionary from
 // GetDictionary given back to SetDictionary is the very same dictionary.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How failures cross into Python: every C++ exception becomes a
 // varnock.AutomationError carrying number, description and source, so a
 // script handles one exception type whatever went wrong below it.

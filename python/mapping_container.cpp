@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "mapping_container.h"
 
 #include <utility>

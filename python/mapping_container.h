@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any Python mapping seen by the component as a KeyedContainer, so that
 // SetDictionary takes a plain dict as it takes a varnock.Dictionary. The
 // container calls back into the mapping; whatever the mapping raises becomes

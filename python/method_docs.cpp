@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "method_docs.h"
 
 #include "values.h"

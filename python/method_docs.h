@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What help() and inspect show of a record method: its docstring (call
 // form, result, what it does, which arguments come back changed) and its
 // signature, both from the member's description.

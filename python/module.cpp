@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The varnock Python module: record objects created by name and used late
 // bound, as an automation client uses them, over the object host.
 #include <pybind11/pybind11.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "record_locks.h"
 
 #include <pybind11/pybind11.h>

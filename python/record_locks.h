@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Calls on a record run without the interpreter lock while they work on the
 // database, so other Python threads run meanwhile. A record (a C++ object
 // shared by every wrapper of it) is then guarded by a lock of its own, taken

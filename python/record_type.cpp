@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Written against the CPython API directly rather than through pybind11's
 // class machinery: attribute access is the hot path of every script, and a
 // type of our own gets it with one hash look-up and no exception on the way.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Record objects as Python objects: properties are attributes, methods are
 // callables taking positional and keyword arguments, every access a late-bound
 // Invoke. Names (members and keywords) match without regard to case; their

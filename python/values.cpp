@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "values.h"
 
 // The datetime C API keeps its table in a per-file static: every use stays in

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The mapping between Python values and Variants, both ways:
 //   None <-> Null, varnock.Empty <-> Empty, bool <-> Boolean,
 //   int -> Long when it fits 32 bits, otherwise Double; Integer and Long -> int,

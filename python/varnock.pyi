@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Type stubs of the varnock module. Generated from the table catalogue by
 # tools/generate_python_stubs.cpp; change the catalogue or the generator, not
 # this file.

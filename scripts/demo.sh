@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # A tour of the register on a fresh embedded database, through the varnock
 # command-line tool: countries and states, users with their groups and zones,
 # a walk and a page through the users, the relations between them, changes,

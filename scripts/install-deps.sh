@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Installs the Debian packages that Varnock builds and tests with, skipping
 # those already present. Run as root or with sudo available.
 set -euo pipefail

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Runs a generator into OUTPUT (`[INTERPRETER] GENERATOR OUTPUT`) and compares every file it
 # writes with the checked-in one at the same place under EXPECTED. C++ files
 # are formatted first with CLANG_FORMAT and STYLE, when given, as the

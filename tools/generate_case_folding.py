@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Writes case_folding_table.cpp into the folder given: Unicode's simple case
 folding (one code point to one, as CaseFolding.txt's C and S entries) from
 this Python's Unicode data, as runs that src/collation/case_folding.cpp
@@ -86,6 +87,7 @@ def main():
         if following[0] <= first + (count - 1) * stride:
             sys.exit("the run at U+%04X starts inside another" % following[0])
     lines = [
+        "// SPDX-License-Identifier: MIT",
         "// Unicode %s simple case folding, as runs of code points that fold by the"
         % unicodedata.unidata_version,
         "// same delta. Written by tools/generate_case_folding.py from Python's Unicode",

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes the record classes from the table catalogue: each class is naming
 // only, so everything in it is derived from the catalogue.
 // Usage: generate_classes ROOT
@@ -54,6 +55,7 @@ Signature signature(std::string comment, std::string result, std::string name,
           false};
 }
 
+constexpr const char* kLicenceLine = "// SPDX-License-Identifier: MIT\n";
 constexpr const char* kWhere = "std::string_view strWhereClause";
 constexpr const char* kOrder = "std::string_view strOrderClause";
 
@@ -191,8 +193,8 @@ std::vector<Signature> methodsOf(const Table& t) {
 
 std::string classHeader(const Table& t) {
   std::ostringstream out;
-  out << "// " << t.name << ": a record object over one row of the register's " << t.name
-      << " table: its\n"
+  out << kLicenceLine << "// " << t.name << ": a record object over one row of the register's "
+      << t.name << " table: its\n"
       << "// column properties and its data methods, in interface order. Generated\n"
       << "// from the table catalogue by tools/generate_classes.cpp; change the catalogue\n"
       << "// or the generator, not this file.\n"
@@ -225,7 +227,8 @@ std::string classHeader(const Table& t) {
 
 std::string classesSource() {
   std::ostringstream out;
-  out << "// The members of every record class, each handing its call to the generic\n"
+  out << kLicenceLine
+      << "// The members of every record class, each handing its call to the generic\n"
       << "// operation. Generated from the table catalogue by tools/generate_classes.cpp.\n"
       << "#include \"record/record_internal.h\"\n"
       << "#include \"relations/operations.h\"\n"
@@ -247,7 +250,8 @@ std::string classesSource() {
 
 std::string umbrellaHeader() {
   std::ostringstream out;
-  out << "// Varnock: the record classes of the user register Tolvane_Register, and\n"
+  out << kLicenceLine
+      << "// Varnock: the record classes of the user register Tolvane_Register, and\n"
       << "// everything else a C++ client may use: every public header.\n"
       << "// Generated from the table catalogue by tools/generate_classes.cpp.\n"
       << "#pragma once\n\n";
@@ -265,7 +269,7 @@ std::string umbrellaHeader() {
 
 std::string factorySource() {
   std::ostringstream out;
-  out << "// Generated from the table catalogue by tools/generate_classes.cpp.\n"
+  out << kLicenceLine << "// Generated from the table catalogue by tools/generate_classes.cpp.\n"
       << "#include \"record/new_record.h\"\n";
   for (const Table& t : varnock::catalogue::tables()) {
     out << "#include \"varnock/" << fileStem(t.name) << ".h\"\n";

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes the type stubs of the Python module, varnock.pyi, from the table
 // catalogue: every record class with its properties and its methods, their
 // argument names, defaults and results, and each member's summary.
@@ -23,7 +24,8 @@ using varnock::catalogue::ValueType;
 
 // The module's own names, which the catalogue does not describe.
 constexpr const char* kPreamble =
-    R"pyi(# Type stubs of the varnock module. Generated from the table catalogue by
+    R"pyi(# SPDX-License-Identifier: MIT
+# Type stubs of the varnock module. Generated from the table catalogue by
 # tools/generate_python_stubs.cpp; change the catalogue or the generator, not
 # this file.
 #

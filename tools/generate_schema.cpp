@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes the register's DDL from the table catalogue, one script per kind of
 // database. Usage: generate_schema SCHEMA_DIR
 //   writes SCHEMA_DIR/sqlite.sql, SCHEMA_DIR/sqlserver.sql and

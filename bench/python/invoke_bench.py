@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What a late-bound call from Python costs, beside plain Python doing the
 same kind of thing in the same run.
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """GetUser from Python, beside Python's own sqlite3 module doing the same key
 lookup on a connection kept for the run.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Benchmark support: a register in a temporary folder, filled with plain SQL
 // in one transaction, removed when the program ends.
 #pragma once

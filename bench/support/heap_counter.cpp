@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Replaces the global operator new and delete with counting versions. Each
 // block carries its size in a header of one max_align_t, so that delete knows
 // what it returns; kept in a file of its own so that no caller inlines them.

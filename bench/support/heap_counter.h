@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Benchmark support: counts the heap that this program allocates through
 // operator new (total bytes ever allocated, bytes live now, and the peak of
 // live bytes since the last resetPeak). Link heap_counter.cpp to enable it.

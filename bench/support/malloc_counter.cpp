@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Replaces malloc, calloc, realloc and free with counting versions over the
 // C library's own (glibc's __libc_* entry points), counting each block's
 // usable size.

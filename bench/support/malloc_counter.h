@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Benchmark support: counts every heap block the process takes through
 // malloc, calloc and realloc (SQLite's and the C++ library's alike, since
 // operator new takes its blocks from malloc): bytes live now, and the peak

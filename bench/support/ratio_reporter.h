@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Benchmark support: a console reporter that, after the runs, prints each
 // measured case as a ratio against its baseline from the same run, and the
 // target it is held to. A benchmark program's main is usually just:

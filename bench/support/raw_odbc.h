@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Benchmark support: plain ODBC calls doing what a data method does over
 // ODBC with the same statement text (connect, run, read every field of every
 // row into Variants, disconnect), as the baseline each measured operation is

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Benchmark support: the raw SQLite C API doing what a data method does with
 // the same statement (open, run, read every field of every row into Variants,
 // close), as the baseline each measured operation is compared with. The

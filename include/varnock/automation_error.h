@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // AutomationError: the one error type that Varnock raises. It carries what an
 // automation client sees of a failure: a signed 32-bit number, a description
 // and the name of the part that raised it. Immutable; safe to share.

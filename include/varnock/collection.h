@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Collection: the ordered, keyless, one-based collection that the listing
 // methods return, each item a new record object on the lister's DSN. One owner
 // at a time.

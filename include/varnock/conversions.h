@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Conversions between Variant types, as an automation runtime performs them,
 // and the numeric and date tests that the value checks apply. All of them
 // follow one fixed regional rule, en-US (the register's "us_english"):

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Dictionary: the ordered dictionary of text keys to Variant values that
 // GetDictionary returns and SetDictionary takes. Keys keep their insertion
 // order and compare exactly (case matters). KeyedContainer is what

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where Varnock writes its event log entries. Every refused value, unknown
 // property name and failed data method (but CountEvery<T>, which raises
 // instead) writes one error entry (type, category, identifier, source and

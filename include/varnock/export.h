@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // VARNOCK_PUBLIC marks the namespace blocks of the public headers: what they
 // declare is what libvarnock.so exports. Everything else the library holds
 // (its layers, its providers, the templates it instantiates) stays inside it,

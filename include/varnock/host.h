@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The object host: what automation clients use instead of COM. It creates
 // record objects by ProgID ("Varnock.User", any case) or class identifier
 // ("{8EC93EA5-...}", any case) and calls their members late-bound, by

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Record: what the eleven record classes (Country ... ZonePool) have in
 // common. A record object holds one row of its table as checked column
 // values, the connection string its database operations open (DSN), and the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Creating and copying registers. A register is a Tolvane_Register database
 // with every table, key and relation that record objects expect: a new SQLite
 // file (an ordinary SQLite database that the sqlite3 shell can read), or the

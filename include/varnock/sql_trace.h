@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The SQL trace: one JSON Lines entry per statement that a data method hands
 // to the database, so users can see exactly what is sent (creating a register
 // is not traced). Each entry has "time", "sql" (the exact text), "ok", "error"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The MIDL description of the Varnock type library: the library, the eleven
 // record classes and their dual interfaces with dispatch identifiers, argument
 // names, directions and defaults. For tools and scripts that want to bind

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Variant: the automation value that record columns, method arguments and
 // results carry. It holds Empty, Null, a boolean, a 16- or 32-bit integer, a
 // double, a currency amount, a date or a string, or a reference to an object

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Varnock: the record classes of the user register Tolvane_Register, and
 // everything else a C++ client may use: every public header.
 // Generated from the table catalogue by tools/generate_classes.cpp.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // ZoneAddress: a record object over one row of the register's ZoneAddress table: its
 // column properties and its data methods, in interface order. Generated
 // from the table catalogue by tools/generate_classes.cpp; change the catalogue

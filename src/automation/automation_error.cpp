@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "varnock/automation_error.h"
 
 #include <utility>

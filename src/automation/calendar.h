@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Proleptic Gregorian calendar arithmetic shared by the date parser, the date
 // text form and Date itself. Day numbers count from 30 December 1899 (day 0).
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "automation/nested_release.h"
 #include "varnock/automation_error.h"
 #include "varnock/collection.h"

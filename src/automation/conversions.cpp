@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "varnock/conversions.h"
 
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The en-US date rule (see conversions.h) and the date text form. The parser
 // splits the text into numbers, words and marks, then matches an optional date
 // form followed by an optional time form; anything left over refuses the text.

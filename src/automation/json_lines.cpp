@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "automation/json_lines.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // JSON Lines for the logs that users switch on (event log file, SQL trace):
 // string escaping, a UTC timestamp, and appending one whole line with a
 // single write so that concurrent writers never interleave.

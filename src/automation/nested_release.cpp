@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "automation/nested_release.h"
 
 #include <memory>

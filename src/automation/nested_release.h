@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Releasing values that hold objects without recursing once per level: a
 // Dictionary in a Collection in a Dictionary ... hundreds of thousands deep
 // would otherwise run out of stack as each destructor runs the next one. The

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The en-US number rule: [blanks][sign]digits[,ddd...][.digits][(E|e)[sign]digits][blanks].
 #include <array>
 #include <charconv>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Text as the register treats names, keywords and values: letter case folded
 // for ASCII letters only, as the en-US rule and SQL Server's default collation
 // fold them, and blanks (spaces and tabs) trimmed.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "varnock/variant.h"
 
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The table catalogue: every per-table fact of the register, held as data.
 // One Table per table of Tolvane_Register, in type-library order; nothing
 // per-table is written anywhere else. Built once on first use, immutable

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "catalogue/member_summary.h"
 
 namespace varnock::catalogue {

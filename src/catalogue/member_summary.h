@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One line on what each member of a class does and what it gives back, in
 // the class's own names: the help text of type libraries, Python docstrings
 // and type stubs.

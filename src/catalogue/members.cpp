@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The interface pattern shared by all record classes.
 #include "catalogue/members.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The members of a record class's dispatch interface, derived from its table:
 // what a late-bound caller can name, with dispatch identifiers, argument names,
 // types, defaults and directions, in interface order.

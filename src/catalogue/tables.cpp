@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The facts of Tolvane_Register: tables, columns, keys, navigation columns,
 // relations and identifiers. Everything per-table in Varnock comes from here.
 #include "catalogue/catalogue.h"

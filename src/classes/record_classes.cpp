@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The members of every record class, each handing its call to the generic
 // operation. Generated from the table catalogue by tools/generate_classes.cpp.
 #include "record/record_internal.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The database client: what record objects use to reach the register, with
 // exactly the operations they need. A connection is opened with an OLE DB
 // style connection string, whose Provider key picks the provider; it executes

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Opening a connection: the Provider key picks the factory, which hands back
 // a connection that is already open.
 #include <map>

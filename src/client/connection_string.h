@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Connection strings in the OLE DB form: "key=value" pairs separated by ";",
 // keys compared without regard to case, values optionally quoted with " or '
 // (a doubled quote inside stands for one). A segment without "=" is ignored.

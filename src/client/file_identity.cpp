@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/file_identity.h"
 
 #include <sys/stat.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which file a path names: its device and inode. A session kept open on a
 // file compares the identity it opened with the path's identity now, so that
 // a file deleted, or replaced by another under the same name, is never read

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Providers: each database back end registers a factory under its name (the
 // Provider key of a connection string, compared without regard to case and
 // up to a version suffix: "SQLOLEDB.1" names "SQLOLEDB"). A connection string

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/session_pool.h"
 
 #include <pthread.h>

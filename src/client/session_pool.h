@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sessions kept between the connections callers open and close, as OLE DB's
 // resource pooling keeps them under ADO: opening a connection whose string
 // was used before takes an idle session of that exact string, and closing

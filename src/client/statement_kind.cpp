@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/statement_kind.h"
 
 #include <string>

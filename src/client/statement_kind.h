@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What kind of statement a text is, told from its first word.
 #pragma once
 

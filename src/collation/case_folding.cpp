@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "collation/case_folding.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Unicode simple case folding: one code point to one, so that letters that
 // differ only in case fold to the same code point ('Ü' and 'ü' to 'ü', 'K'
 // and the Kelvin sign to 'k'). Accents stay: 'é' does not fold to 'e'.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Unicode 14.0.0 simple case folding, as runs of code points that fold by the
 // same delta. Written by tools/generate_case_folding.py from Python's Unicode
 // data (1454 code points fold); run it again rather than edit this file.

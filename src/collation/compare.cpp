@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "collation/compare.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The order of the register's texts: code point by code point after simple
 // case folding, so "ZÜRICH" and "Zürich" are equal and "é" and "e" are not.
 // Any bytes compare, UTF-8 or not, and the result is a total order (what an

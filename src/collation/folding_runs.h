@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The case-folding data as case_folding_table.cpp (generated) holds it: runs
 // of code points first, first + stride, ... (count of them) that each fold to
 // themselves plus delta. Runs are sorted by first and never overlap.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "collation/like.h"
 
 #include <cstddef>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // SQL's LIKE without regard to case, beyond ASCII: "%" matches any run of
 // units (none included), "_" exactly one, and every other unit itself or
 // another of the same folded form (see case_folding.h, utf8_units.h). An

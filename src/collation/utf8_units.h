@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Text as a sequence of units, for comparing and matching texts whatever
 // bytes they hold: a well-formed UTF-8 sequence is one unit, its code point;
 // any other byte is a unit of its own, kInvalidByteBase plus the byte, above

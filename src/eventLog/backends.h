@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The log back ends. Each records every field of an entry and reports a
 // failed write by its errno value.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The error reporter and the event log writer that every failure goes
 // through, over an exchangeable log back end. Stateless apart from the chosen
 // back end, which is shared by the whole process and guarded.

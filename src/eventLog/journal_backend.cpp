@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The systemd journal back end: one structured field per entry field.
 #include "eventLog/backends.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The JSON Lines back ends: a file, appended to by every process that names
 // it, and standard error. Each entry is one write(2) of one whole line, so
 // entries from concurrent writers never interleave.

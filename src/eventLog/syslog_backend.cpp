@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The syslog back end: one datagram per entry to the local syslog socket, in
 // the traditional form "<priority>Mmm dd hh:mm:ss ident[pid]: text", with the
 // event's identifier, type and category in the text. syslog(3) would drop an

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/arguments.h"
 
 #include <bitset>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Binding a late-bound call's arguments to a member's declared arguments:
 // positional and named values, defaults for omitted optional ones, conversion
 // to the declared types, and the write-back of by-reference arguments.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "host/dispatch_table.h"
 
 #include <vector>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Finds a member of a class's interface by dispatch identifier and invoke
 // kind in constant time. One table per catalogue table, built on first use.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Object creation by ProgID or class identifier, and the member tables that
 // script hosts list.
 #include "automation/text.h"

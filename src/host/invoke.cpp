@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Late-bound calls: name look-up and Invoke over the catalogue's member
 // tables. Each member's behaviour is chosen by its role, once for all classes.
 #include "automation/text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The type library as MIDL text. Every class, interface, member, argument and
 // identifier comes from the catalogue; this file only knows how MIDL spells
 // them. Property puts name their value `rhs`; results are the last,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The type library description, as MIDL text made from the table catalogue.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The one place that names the providers built into the library.
 #include "client/odbc/odbc_provider.h"
 #include "client/provider.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Access to columns by name and as a dictionary: thin layers over the column
 // assignment, so every value they store passes the same checks.
 #include <memory>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "record/failure_report.h"
 
 #include <string>

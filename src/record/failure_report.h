@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How a trapped failure is reported, once for every method that traps one:
 // the description becomes the record's last error message, and one error
 // event is written under the method's name whose text is the description,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // KIRNA_utility: the stateless value checks that every column assignment
 // applies, chosen by SQL type name, and FindItem, the search for a whole item
 // in a delimited list. The checks classify and never convert. Thread-safe.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Generated from the table catalogue by tools/generate_classes.cpp.
 #include "record/new_record.h"
 #include "varnock/country.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Makes a new record object of the class of a table (a varnock::User for
 // "User"), initialised as every new object is. The definition is generated
 // from the catalogue with the class headers.

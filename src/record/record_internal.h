@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The generic machinery behind every record class, for the layers that run
 // its operations (data methods, relations, the object host, the generated
 // classes): the table, the columns by position, the checked assignment and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Copying a register: each table read whole from the source and written to
 // the target with the Add methods' own INSERT statements, parents first, in
 // transactions of a bounded number of rows.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Creating a register: the client makes the database, the catalogue's DDL for
 // the database's kind fills it.
 #include "client/client.h"

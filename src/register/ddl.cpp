@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "register/ddl.h"
 
 #include <string>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The register's DDL, made from the table catalogue: the tables with their
 // columns, types, lengths and nullability, the keys, the foreign keys that
 // the parent relations imply and the indexes beside them. One text per kind

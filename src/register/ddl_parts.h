@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What every kind of register DDL reads from the catalogue beyond the
 // columns themselves: keys, foreign keys, the indexes beside them, the order
 // tables are created in. Internal to the register layer.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The PostgreSQL register: one transaction for psql or a provider to run.
 #include <string>
 #include <string_view>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The relation methods of every record class, by the relation's position
 // among its table's relations: parent lookup (GetParentInUser), children
 // (GetChildrenInGroupMember, CountChildrenInGroupMember) and derived children

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "relations/relation_statements.h"
 
 namespace varnock::relations {

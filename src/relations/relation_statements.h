@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The texts the relation methods build: the parent lookup, the filter handed
 // to a child class's own enumeration, and the join statements of derived
 // children. Pure functions of the catalogue's relations and their arguments.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Parent lookup, children and derived children: one implementation per kind
 // of relation, driven by the catalogue's relations.
 #include <memory>

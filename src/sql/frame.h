@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The frame every data method runs in: a connection of its own, opened with
 // the record's DSN for the length of one call, the statement as built so far,
 // and the common error path. Nothing outlives the call.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sql/literals.h"
 
 #include "automation/text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How the writers turn column values into SQL text: the date text, bits as 1
 // or 0, two-digit padding, and the trailing separator cut by a fixed count.
 // Texts are quoted, apostrophes doubled, as the statements are joined.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The data methods of every record class, once for all of them: keyed
 // lookup, navigation, enumeration, counting, insert, update and delete. The
 // generated classes and the object host call them under each class's own

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The reading operations: keyed lookup, navigation, enumeration and counting,
 // once for every class.
 #include <functional>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The statement texts of the data methods, built by concatenating fixed
 // pieces, the caller's conditions and orderings unchanged, and values. Pure
 // functions of the table and their arguments, so each text can be checked

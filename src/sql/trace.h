@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Records statements in the SQL trace when it is on.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The INSERT, UPDATE and DELETE texts, rendered from column values.
 #include <algorithm>
 #include <optional>

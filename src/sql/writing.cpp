@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The writing operations, once for every class.
 #include <functional>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Test hook: the back ends the provider conformance suite runs on. Each is one
 // struct, and a new provider joins the suite by adding one here and naming it
 // in BackEnds below. A back end offers:

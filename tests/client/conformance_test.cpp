@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What every caller of the database client relies on, whichever provider
 // serves it: opening, reading rows forwards, finding fields, Null, failures
 // and closing. Every back end in back_ends.h runs every case; what is

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Connection strings in the OLE DB form, as record objects carry them.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // ODBC's diagnostics as AutomationError: the number ADO raises for each
 // SQLSTATE, the driver's words, and the provider's name as source.
 #include "client/odbc/odbc_errors.h"

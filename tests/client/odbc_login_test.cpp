@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The OLE DB keys carried to ODBC connection strings: SQL Server's providers
 // to a SQL Server driver of the installed ones, MSDASQL to the caller's own
 // ODBC keys.

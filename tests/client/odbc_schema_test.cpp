@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The register's schema that ODBC connections keep once read: a register
 // made where a connection had already read a schema without it is seen by
 // the next connection, whose statements are then carried over with it.

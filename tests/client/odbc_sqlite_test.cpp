@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the ODBC provider adds on an SQLite register reached through the
 // SQLite3 driver, beyond the conformance suite: text of every kind, long
 // values, its refusals, foreign keys, and creating a register.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // SQL Server's providers reach a SQL Server driver: no server here, so what
 // is tested is that the open gets to the network as mapped, and fails
 // cleanly and in time when nothing answers as a server would.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Scripts cut into what ODBC drivers run per call: GO batches for SQL
 // Server, single statements for SQLite (whose triggers hold semicolons).
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // UTF-8 to UTF-16 and back, as every text crosses the wide ODBC calls.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The register opened by programs other than Varnock: the sqlite3 shell and
 // SQLite's ODBC driver. Without the register's collation they refuse what
 // would write through its text indexes; with the extension loaded they read

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Literal values taken out of statements as parameters: which literals are
 // taken, and that SQLite answers the parameterised statement exactly as it
 // answers the statement with its literals in place.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The SQL Server dialect carried over to PostgreSQL, statement text in,
 // statement text out, over the register's whole schema as the provider reads
 // it from the database.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The PostgreSQL register made by the generated DDL, on a server of this
 // program's own, running the record objects' statements as the PostgreSQL
 // dialect carries them over: the register behaves as the SQL Server one.

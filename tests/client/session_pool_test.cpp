@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sessions kept between calls, on every back end: a caller cannot tell a kept
 // session from a new one, and the connection string's OLE DB Services value
 // turns the keeping off as ADO's does.

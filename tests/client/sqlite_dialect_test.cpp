@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The SQL Server dialect carried over to SQLite, statement text in,
 // statement text out.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The SQLite provider against a real register: the statements record objects
 // send behave as they do on SQL Server. What every provider does is tested in
 // conformance_test.cpp.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Register files: creating one, opening one, and sharing one with other
 // processes and with the standard sqlite3 shell.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A real register compares its texts without regard to case beyond ASCII,
 // through the client and through the record classes: lookups, keys, order
 // and LIKE; accents still count.

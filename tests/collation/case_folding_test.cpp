@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Simple case folding: the generated table against letters whose folding is
 // known, and the properties the comparison relies on.
 #include "collation/case_folding.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The register's text order: case folded beyond ASCII, accents kept, NOCASE's
 // order for ASCII, and a total order whatever bytes the texts hold.
 #include "collation/compare.h"

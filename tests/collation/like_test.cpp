@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // LIKE without regard to case beyond ASCII: SQLite's LIKE for ASCII texts,
 // wildcards and escapes counted in characters, any bytes matched safely.
 #include "collation/like.h"

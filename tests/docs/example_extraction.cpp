@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "docs/example_extraction.h"
 
 #include <algorithm>

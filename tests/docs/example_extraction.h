@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Finding the C++ examples in Varnock's documentation and turning them into a
 // source file that a test build compiles, so a documented example that no
 // longer matches the API breaks the build. Two kinds of document hold them:

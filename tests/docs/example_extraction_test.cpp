@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which lines of a document count as example code, and where the generated
 // source says they came from.
 #include "docs/example_extraction.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "docs/example_registry.h"
 
 namespace varnock::docs {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The documented examples that the generated example files hold, gathered as
 // their files are initialised, for the program that runs them. Registration
 // happens before main; the runner reads the list after it. Not synchronised.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes the C++ examples of one document as a source file of functions.
 // Usage: extract_examples DOCUMENT NAME OUTPUT
 //   DOCUMENT  README.md or a public header (a path ending in .md or .h)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Runs every documented example, each in a new folder of its own inside one
 // temporary folder, so that examples which create a register by a relative
 // path never meet each other's files. An example passes when it returns; one

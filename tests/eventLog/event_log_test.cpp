@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "eventLog/event_log.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where entries and traces go: every entry is delivered or its write fails,
 // no target can hold a call, and what is written is readable by its owner
 // only, since it quotes statements with passwords in them.

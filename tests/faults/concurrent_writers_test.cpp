@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Four writer processes on one register: each adds, updates and deletes rows
 // of its own, and all of them write to shared rows (one counter row they
 // all update, countries they race to add, one log they all append to).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "faults/failing_disk.h"
 
 #include <sqlite3.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Test hook: an SQLite VFS over the platform's default one that makes chosen
 // or random writes, syncs and truncations fail with SQLite's I/O errors, as a
 // failing or full disk would. Installed as the default VFS of the process, it

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writer calls on a register whose disk fails: writes, syncs and truncations
 // of the register's files fail with SQLite's I/O errors at every point of one
 // call, and at random points of many. A call that reports success has taken

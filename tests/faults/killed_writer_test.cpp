@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A writer process killed at random moments: whatever it was doing (a
 // statement, a commit, the checkpoint when its connection closed), the
 // register it leaves is sound and holds every call it had reported as done.

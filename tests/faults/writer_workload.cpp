@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "faults/writer_workload.h"
 
 #include <sqlite3.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Test hook: the writer calls that the fault and load tests make on a
 // register, and a model of what the register may hold after them.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The layers hold their shape: every #include "dir/..." in the library, the
 // public headers, the tools and the Python module names only its own layer or
 // a layer below it, and the build's layer targets link exactly the layers

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # The shared library exports the public headers' namespace and nothing else:
 # no layer's internals, no standard-library instantiation, no symbol of the
 # libraries it links, and every symbol under the version node VARNOCK_1.

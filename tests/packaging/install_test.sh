@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # cmake --install into a prefix of the test's own (no root needed), then a
 # CMake project (find_package) and a Makefile project (pkg-config) build
 # against it, each creating a register and reading a user back.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # varnock(1) renders without a warning and says what varnock --help says:
 # every line of the help, spaces aside, is in the rendered page.
 #   man_page_test.sh VARNOCK-TOOL MAN-PAGE

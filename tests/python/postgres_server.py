@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A PostgreSQL server of the test process's own, for the tests that need one.
 
     server = postgres_server.shared(self)   # in setUp: skips without PostgreSQL

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What the Python tests share: the module, the event log they read back and
 a few numbers.
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Columns by name and as dictionaries, called from Python: what Python
 values and containers become on the way through GetDictionary and
 SetDictionary, and how failures of a Python mapping are trapped. The rules of

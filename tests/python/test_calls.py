@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Late-bound calls from Python: member and keyword names in any case, how
 the object host's argument errors arrive, ByRef write-back, what a script
 sees of members that are not there, and how the failures of data methods

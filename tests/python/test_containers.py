@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """varnock.Dictionary and varnock.Collection as Python sees them."""
 
 import datetime

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Creating record objects by name, and what a class says about itself:
 members(), dir(), repr() and the type library text."""
 

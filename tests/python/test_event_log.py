@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Choosing the event log from Python, and what a script sees when an entry
 cannot be written: the one failure that the record objects raise. The
 entries' fields and the failure numbers are checked on the event log."""

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Calls that work on the register let other Python threads run meanwhile,
 and threads sharing one record take turns on it."""
 

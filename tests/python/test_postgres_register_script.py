@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A team moving to a shared PostgreSQL register, written the way a new user
 would: make the register's tables in the team's database with `varnock init`,
 fill it from Python, copy it into a SQLite register file with `varnock copy`

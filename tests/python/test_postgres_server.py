@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The PostgreSQL server the tests start themselves: local only, reached
 with the role and password it reports, holding the register's script, gone
 once stopped."""

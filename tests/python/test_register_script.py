@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A script as a new user writes it: build a small register of users, groups
 and zones, then read it back, walk it, change it and follow its relations."""
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Inputs a script should not be able to crash the interpreter with, and
 failures that must arrive as AutomationError whatever caused them."""
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The type stubs, varnock.pyi, describe the module as it runs: its names,
 every record class's properties and methods, their arguments and defaults."""
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A first script against the register's objects, written the way a new user
 would write one: fill in a few records, copy one through a dictionary, make
 some mistakes, then look at what the event log says about them."""

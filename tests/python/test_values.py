@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Python values as the component sees them and back.
 
 Bio (nvarchar, Null allowed) of User stores whatever it is given, so what

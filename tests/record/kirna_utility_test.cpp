@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "record/kirna_utility.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Copying one register into another: every row of every table arrives as it
 // was, a target with rows is refused unless appending, and a failure names
 // where it happened and leaves no half-written batch.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The register's DDL against the catalogue: a created register read back
 // through SQLite's own pragmas, the SQL Server and PostgreSQL scripts read as
 // text.

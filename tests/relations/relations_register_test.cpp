@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Parents, children and derived children against a real register.
 #include <gtest/gtest.h>
 

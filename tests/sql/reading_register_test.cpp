@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The reading operations against a real register file.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The reading operations against a recording provider: the statements they
 // send, what they load, and the error path.
 #include <gtest/gtest.h>

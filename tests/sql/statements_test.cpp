@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sql/statements.h"
 
 #include <gtest/gtest.h>

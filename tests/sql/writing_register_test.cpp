@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The writing operations against a real register file.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

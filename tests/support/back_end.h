@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Test hook: the database back end that the register tests run on, chosen
 // by VARNOCK_TEST_BACK_END:
 //   sqlite       the embedded provider on a register file (the default)

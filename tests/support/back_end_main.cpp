@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The register test program: every test against a real register, on the back
 // end that VARNOCK_TEST_BACK_END chooses. It first makes one register to see
 // that the back end can run here; when it cannot, the whole program is

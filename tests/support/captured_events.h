@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Test hook: captures event log entries in memory while in scope, and
 // restores the process's previous back end afterwards.
 #pragma once

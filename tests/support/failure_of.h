@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Test hooks: the AutomationError a call raises, or its number (0 when it
 // raises none).
 #pragma once

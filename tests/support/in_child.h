@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Test hook: runs a piece of a test in a forked child, so that a call that
 // would hang or crash fails the test instead of stopping the suite.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Test hooks: whether an ODBC driver is installed, and what a test does when
 // one it needs is not: it is skipped with the reason, unless the environment
 // sets VARNOCK_REQUIRE_ALL_BACK_ENDS=1 (as CI does), where it fails instead.

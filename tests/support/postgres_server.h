@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Test hook: the test program's own PostgreSQL server, made by
 // tests/support/postgres_server.sh in a temporary folder on first use and
 // stopped, its folder removed, when the program ends (or, should it die,

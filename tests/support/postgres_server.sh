@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # A throw-away PostgreSQL server for tests, in a folder of its own.
 #
 #   postgres_server.sh start DIR [OWNER_PID]   prints the port it listens on

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Test hook: a database provider named "Recording" that keeps every statement
 // it is handed and answers from a script of rows or failures, so the data
 // methods can be checked without a database. Its connections and rows keep

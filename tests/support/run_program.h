@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Test hook: runs a program in a folder with a chosen environment and
 // collects its exit status, standard output and standard error.
 #pragma once

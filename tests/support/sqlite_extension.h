@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Test hook: the register's collation as the extension this build makes, for
 // tests that open a register with the sqlite3 shell or SQLite's ODBC driver.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Test hook: a new, empty register of the chosen back end (back_end.h),
 // removed afterwards, with a way to put rows in with plain SQL. An SQLite
 // register is a file in a temporary folder; a PostgreSQL register is a

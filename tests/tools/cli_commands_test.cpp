@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The varnock tool's descriptive commands: members, idl and help.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Test hook: runs the built varnock tool in a temporary folder of its own,
 // with an environment that no setting of the test machine leaks into.
 #pragma once

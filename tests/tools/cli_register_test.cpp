@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The varnock tool against real register files: init, which register a call
 // opens, and how the reading methods' results are shown, over rows put in
 // with the sqlite3 shell.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The varnock tool's value notation, argument passing, output forms and exit
 // statuses, on objects that need no register.
 #include <gtest/gtest.h>

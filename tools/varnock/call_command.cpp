@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "call_command.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // "varnock call": creates the object, assigns the --set values, makes the
 // call late-bound and gathers what it came to.
 #pragma once

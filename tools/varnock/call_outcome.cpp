@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "call_outcome.h"
 
 namespace varnock::cli {

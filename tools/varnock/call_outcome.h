@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What one "varnock call" came to, before it is written as text or JSON.
 #pragma once
 

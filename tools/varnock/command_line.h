@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The command line of "varnock call": the class, the member, the argument
 // texts and the options, as written. Values are read later, by their notation.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The commands of the varnock tool. Each takes the words after its name,
 // writes its output and answers an exit status; UsageError and
 // AutomationError are left to the caller, which reports them.

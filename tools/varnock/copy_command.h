@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // varnock copy FROM TO [--append]: every row of one register into another,
 // with a progress bar on a terminal and the rows per table at the end.
 #pragma once

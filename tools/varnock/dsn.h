@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which register a call opens: --dsn, else VARNOCK_DSN, else ./register.db.
 // A value containing "=" is a connection string as it stands; any other value
 // is the path of a SQLite register.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How raised errors are reported on standard error.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The exit statuses of the varnock command and the error that stands for a
 // command line it cannot run.
 #pragma once

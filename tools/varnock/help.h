@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The text of "varnock --help": commands, options, value notation,
 // environment variables and exit statuses.
 #pragma once

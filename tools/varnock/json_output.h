@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The --json form of a call's outcome, one object on one line:
 //   {"result": R, "object": {COLUMN: V, ...} | null, "byref": {NAME: V, ...},
 //    "lastError": "...", "refused": [{"column": C, "value": V, "message": M}]}

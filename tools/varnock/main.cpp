@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // varnock: calls the record objects of a register from the command line.
 // Every failure ends as a message and an exit status (see help.h).
 #include <unistd.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "man_page.h"
 
 #include <cctype>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The manual page varnock(1), written in roff from the text of
 // "varnock --help", so that the two never disagree.
 #pragma once

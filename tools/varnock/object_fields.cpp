@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "object_fields.h"
 
 #include "varnock/dictionary.h"

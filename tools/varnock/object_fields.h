@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The fields of the objects a call can give back, for both output formats:
 // a record object shows its columns, a Dictionary its entries.
 #pragma once

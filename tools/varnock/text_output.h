@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The readable form of a call's outcome: the result (True/False, numbers,
 // text, Null, Empty); a record or Dictionary as "name  value" lines; a
 // collection as a table with a header row of field names and a row count;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Small text helpers of the command line tool.
 #pragma once
 

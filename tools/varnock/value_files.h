@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Values too long for a command line: "@FILE" stands for the text that FILE
 // holds and "@-" for what standard input holds, each to its last byte (a
 // final newline is part of the value). Every other word is read by its

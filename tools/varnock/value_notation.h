@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How argument and --set values are written on the command line:
 //   null, empty        Null, Empty (any case)
 //   true, false        Boolean (any case)

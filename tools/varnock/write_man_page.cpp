@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes varnock(1) from the tool's own help text, at build time:
 //   write_man_page OUTPUT VERSION
 #include <fstream>

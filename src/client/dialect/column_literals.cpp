@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/dialect/column_literals.h"
 
 #include <optional>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Literals that meet a column of the register, where SQL Server converts them
 // to the column's type: the values of an INSERT, SET assignments, and
 // comparisons with a column in either order ("DateCreated > '5/4/2000'",

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/dialect/database_dialect.h"
 
 #include "automation/text.h"

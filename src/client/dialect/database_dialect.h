@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The dialects by database kind: what a provider that reaches several kinds
 // of database (ODBC) needs to run SQL Server's statements on the one it has
 // reached. The provider asks the driver for the database's name

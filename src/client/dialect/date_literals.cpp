@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/dialect/date_literals.h"
 
 #include "client/dialect/column_literals.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Quoted dates in statements. SQL Server converts a character string to a
 // date wherever it meets a date column: in the values of an INSERT, in SET
 // assignments and in comparisons, in either order ("DateCreated > '5/4/2000'",

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Declared column types as the register's schema writes them: "nvarchar(50)",
 // "smalldatetime", "bit". A type is told by its name alone, in any case.
 #pragma once

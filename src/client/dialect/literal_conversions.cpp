@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/dialect/literal_conversions.h"
 
 #include <charconv>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // SQL Server's conversions of the literals a statement gives bit and int
 // columns, for databases that would convert them otherwise or not at all.
 // Each raises StatementRefused with SQL Server's words where its conversion

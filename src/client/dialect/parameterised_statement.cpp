@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/dialect/parameterised_statement.h"
 
 #include <charconv>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A statement's literal values taken out as parameters, so that statements
 // that differ only in those values share one prepared statement, as SQL
 // Server's simple parameterisation shares one plan. Only what cannot change

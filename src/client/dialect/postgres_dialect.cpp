@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/dialect/postgres_dialect.h"
 
 #include <set>

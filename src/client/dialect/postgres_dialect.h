@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // SQL Server's dialect, as record objects and their callers write it, turned
 // into PostgreSQL's, for the register that schema/postgresql.sql makes:
 //   * TOP n becomes LIMIT n at the end of its own SELECT;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a dialect refuses because SQL Server itself would refuse it. The
 // dialect knows no provider, so it raises StatementRefused with SQL Server's
 // own words, and the provider running the statement raises that description

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/dialect/register_schema.h"
 
 #include "automation/text.h"

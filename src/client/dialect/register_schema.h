@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The register's tables and columns as its own schema declares them, read by
 // the provider from the database. The dialect needs to know what kind of
 // value each column holds (by its declared type: smalldatetime, bit, int,

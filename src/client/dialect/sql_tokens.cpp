@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/dialect/sql_tokens.h"
 
 #include "automation/text.h"

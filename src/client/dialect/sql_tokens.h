@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Statement text as tokens, for the rewrites that carry SQL Server's dialect
 // over to SQLite. Every character of the text belongs to exactly one token, so
 // joining the tokens gives the text back unchanged; a rewrite edits only the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/dialect/sqlite_dialect.h"
 
 #include <vector>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // SQL Server's dialect, as record objects and their callers write it, turned
 // into SQLite's. Most of it SQLite reads already: [bracketed] names,
 // Count(*), NOT IN, '' inside literals. What differs is rewritten here: TOP

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/dialect/stored_dates.h"
 
 #include <cstdint>

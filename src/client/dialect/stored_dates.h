@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Dates as the register keeps them. A smalldatetime holds whole minutes from
 // 1 January 1900 to 6 June 2079; the register stores one as the text
 // 'YYYY-MM-DD HH:MM:00', which sorts and compares in date order and which the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/dialect/top_clause.h"
 
 #include <algorithm>

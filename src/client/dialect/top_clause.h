@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // SQL Server limits the rows of a SELECT with "TOP n" after the word SELECT;
 // SQLite with "LIMIT n" at the end of that same SELECT. The navigation and
 // paging statements nest one TOP inside another ("... NOT IN  (SELECT TOP 2

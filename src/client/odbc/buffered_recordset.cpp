@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/odbc/buffered_recordset.h"
 
 #include <utility>

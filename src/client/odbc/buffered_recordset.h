@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The rows of one statement, read in full when it ran, so that they stay
 // readable after the connection has closed and hold nothing of the driver.
 #pragma once

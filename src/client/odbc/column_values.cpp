@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/odbc/column_values.h"
 
 #include <sqlext.h>

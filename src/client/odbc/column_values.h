@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The columns of a result and their values as the Variants record objects
 // expect, as the SQLite provider gives them: bit as Boolean, whole numbers
 // within a Long's range as Long (beyond it as Double), dates and times as

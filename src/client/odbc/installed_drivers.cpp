@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/odbc/installed_drivers.h"
 
 #include <sqlext.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The ODBC drivers the driver manager knows (odbcinst.ini), asked once per
 // call through SQLDriversW.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A Connection over ODBC: statements in SQL Server's dialect are carried over
 // to the database's own by the dialect its driver's database name picks, one
 // statement per execute, and their rows read in full at once.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/odbc/odbc_create.h"
 
 #include <string_view>

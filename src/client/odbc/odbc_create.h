@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Creating a register over ODBC: the database itself must exist already
 // (ODBC connects to databases, it does not make them); the script for its
 // kind fills it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How the ODBC provider fails, in one place: the driver's diagnostic records
 // become one AutomationError. Its description is every record's text as the
 // driver manager gives it ("[unixODBC][Driver Manager]...", "[FreeTDS][SQL

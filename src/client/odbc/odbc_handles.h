@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Owners of ODBC's handles: each is freed when its owner goes, on every path,
 // and a connection handle is disconnected first when it was connected. A
 // statement handle must go before the connection handle it was made on, and

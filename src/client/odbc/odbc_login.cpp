@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/odbc/odbc_login.h"
 
 #include <charconv>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // From an OLE DB style connection string to what SQLDriverConnect needs: an
 // ODBC connection string and the attributes set before connecting. Pure
 // functions of their arguments, so every mapping is tested without a driver.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The ODBC providers, each named as ADO names it:
 //   MSDASQL (also a connection string without Provider): the ODBC
 //     connection string the caller gives, with DSN=, Driver={...} and the

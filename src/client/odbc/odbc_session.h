@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One ODBC connection to a database, opened at construction: the driver
 // manager's connection, the database's name (SQL_DBMS_NAME) and the dialect
 // Varnock runs its statements in there. Statements go to the driver as

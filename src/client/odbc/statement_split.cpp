@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/odbc/statement_split.h"
 
 #include "automation/text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Statement texts cut at their semicolons, for the databases whose drivers
 // run one statement per call. A semicolon inside a literal, a quoted name, a
 // comment or the body of a CREATE TRIGGER (BEGIN ... END, with CASE ... END

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/odbc/wide_text.h"
 
 #include <cstdint>

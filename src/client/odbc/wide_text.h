@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Text between Varnock (UTF-8, in std::string) and ODBC's wide calls (UTF-16
 // code units, SQLWCHAR). Lengths are explicit both ways, so embedded NULs and
 // characters beyond the Basic Multilingual Plane go through unchanged.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/sqlite/column_values.h"
 
 #include <cstdint>

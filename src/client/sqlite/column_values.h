@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A column of the current row as the Variant that record objects expect: bit
 // columns as Boolean, int and counts as Long, dates as Date, text as String,
 // NULL as Null. The declared type of the column decides where it has one;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/sqlite/large_literals.h"
 
 #include "client/dialect/sql_tokens.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Large text literals, taken out of a statement before it is carried over to
 // SQLite and bound as parameters instead: the statement is then not copied
 // again with the value in it, and SQLite does not keep a copy in its program.

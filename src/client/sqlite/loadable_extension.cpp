@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The register's collation and like() as an SQLite loadable extension, for
 // programs other than Varnock that open a register: the sqlite3 shell
 // (".load varnock_nocase") and SQLite's ODBC driver ("LoadExt=" in the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/sqlite/schema_reader.h"
 
 #include <mutex>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The register's schema as an SQLite database declares it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/sqlite/sqlite_connection.h"
 
 #include <atomic>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A session on one register file. It opens an existing file only (a path
 // that names none fails, and no file is made), enforces foreign keys, waits
 // for a register that another process is writing, and runs one statement at

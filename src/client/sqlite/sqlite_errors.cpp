@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/sqlite/sqlite_errors.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How the SQLite provider fails: an AutomationError with the client's number,
 // a description and the provider as source.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Owners of SQLite's handles: a database closes and a statement finalises when
 // its owner goes, on every path.
 #pragma once

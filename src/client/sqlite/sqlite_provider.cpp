@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/sqlite/sqlite_provider.h"
 
 #include <fcntl.h>

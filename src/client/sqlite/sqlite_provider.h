@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The embedded SQLite provider: "Provider=SQLite;Data Source=PATH". It reads
 // the SQL Server dialect that record objects send and keeps the register an
 // ordinary SQLite database.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The rows of one statement, read forwards over the prepared statement. The
 // statement has already been stepped to its first row; once the rows run out
 // it goes back to its session's cache, reset, so a recordset at its end holds

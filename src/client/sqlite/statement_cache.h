@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Prepared statements kept on one SQLite session for the statements that
 // follow, by their text. A statement is taken out while its rows are read
 // (so a second statement of the same text, run meanwhile, gets one of its

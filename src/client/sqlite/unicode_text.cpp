@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "client/sqlite/unicode_text.h"
 
 // Built twice: into the provider, against the SQLite it links, and into the

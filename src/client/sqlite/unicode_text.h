@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The register's comparison of texts, given to an SQLite connection: the
 // collation that the register's text columns declare, and a like() in place
 // of SQLite's, both folding case beyond ASCII (src/collation/). The provider

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A program of a Varnock user, built against an installed Varnock: creates a
 // register, adds a user and reads it back.
 //   read_user_back REGISTER-FILE
