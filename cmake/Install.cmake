@@ -26,10 +26,15 @@ install(FILES ${PROJECT_BINARY_DIR}/VarnockConfig.cmake
   ${PROJECT_BINARY_DIR}/VarnockConfigVersion.cmake
   DESTINATION ${VARNOCK_CMAKE_DIR} COMPONENT development)
 
-set(VARNOCK_PC_REQUIRES_PRIVATE "sqlite3, odbc")
+# What a static libvarnock.a needs at the program's link. Named as libraries
+# rather than packages: unixODBC's odbc.pc asks for libltdl's development
+# files, which a static link against the driver manager's shared library
+# does not need.
+set(VARNOCK_PC_LIBS_PRIVATE "-lsqlite3 -lodbc")
 if(SYSTEMD_FOUND)
-  string(APPEND VARNOCK_PC_REQUIRES_PRIVATE ", libsystemd")
+  string(APPEND VARNOCK_PC_LIBS_PRIVATE " -lsystemd")
 endif()
+string(APPEND VARNOCK_PC_LIBS_PRIVATE " -pthread")
 file(RELATIVE_PATH VARNOCK_PC_PREFIX_FROM_PCDIR
   /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
 configure_file(cmake/varnock.pc.in ${PROJECT_BINARY_DIR}/varnock.pc @ONLY)
