@@ -33,6 +33,20 @@ std::string countText(std::int32_t count) {
   return std::to_string(count) + (count == 1 ? " item" : " items");
 }
 
+py::list keysOf(const Dictionary& d) {
+  py::list keys;
+  for (const auto& entry : d)
+    keys.append(textObject(entry.first));
+  return keys;
+}
+
+py::list itemsOf(const Dictionary& d) {
+  py::list items;
+  for (const auto& entry : d)
+    items.append(fromVariant(entry.second));
+  return items;
+}
+
 void defineDictionary(py::module_& m) {
   using KeyCursor = Cursor<Dictionary>;
   py::class_<KeyCursor>(m, "DictionaryIterator", py::is_final())
@@ -68,42 +82,11 @@ void defineDictionary(py::module_& m) {
           py::arg("key"))
       .def("__contains__",
            [](const Dictionary& d, py::object key) { return d.Exists(textOf(key)); })
-      .def(
-          "Keys",
-          [](const Dictionary& d) {
-            py::list keys;
-            for (const auto& entry : d)
-              keys.append(textObject(entry.first));
-            return keys;
-          },
-          "The keys, in insertion order.")
-      .def(
-          "Items",
-          [](const Dictionary& d) {
-            py::list items;
-            for (const auto& entry : d)
-              items.append(fromVariant(entry.second));
-            return items;
-          },
-          "The items, in the order of their keys.")
-      .def(
-          "keys",
-          [](const Dictionary& d) {
-            py::list keys;
-            for (const auto& entry : d)
-              keys.append(textObject(entry.first));
-            return keys;
-          },
-          "The keys, in insertion order, as dict.keys gives them: dict(d) copies the dictionary.")
-      .def(
-          "values",
-          [](const Dictionary& d) {
-            py::list items;
-            for (const auto& entry : d)
-              items.append(fromVariant(entry.second));
-            return items;
-          },
-          "The items, in the order of their keys.")
+      .def("Keys", keysOf, "The keys, in insertion order.")
+      .def("Items", itemsOf, "The items, in the order of their keys.")
+      // Python's mapping names too: dict(d) reads keys() and d[key].
+      .def("keys", keysOf, "The keys, in insertion order.")
+      .def("values", itemsOf, "The items, in the order of their keys.")
       .def(
           "items",
           [](const Dictionary& d) {
