@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "automation/json_lines.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <ctime>
+
+#include "platform/files.h"
 
 namespace varnock::jsonLines {
 
@@ -82,30 +80,12 @@ std::string utcTimestamp() {
   const std::time_t seconds = std::chrono::system_clock::to_time_t(now);
   const auto millis =
       std::chrono::duration_cast<std::chrono::milliseconds>(now.time_since_epoch()).count() % 1000;
-  std::tm utc{};
-  gmtime_r(&seconds, &utc);
+  const std::tm utc = platform::utcTime(seconds);
   char text[80];
   std::snprintf(text, sizeof text, "%04d-%02d-%02dT%02d:%02d:%02d.%03dZ", utc.tm_year + 1900,
                 utc.tm_mon + 1, utc.tm_mday, utc.tm_hour, utc.tm_min, utc.tm_sec,
                 static_cast<int>(millis));
   return text;
-}
-
-int writeWhole(int fd, const std::string& line) {
-  const ssize_t written = ::write(fd, line.data(), line.size());
-  if (written < 0) return errno;
-  return static_cast<std::size_t>(written) == line.size() ? 0 : EIO;
-}
-
-int appendToFile(const std::string& path, const std::string& line) {
-  // Owner-only: the entries quote statements, passwords included. Never
-  // blocking: a FIFO without a reader fails to open (ENXIO) and a full one
-  // fails to write (EAGAIN), rather than holding the caller forever.
-  const int fd = ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0600);
-  if (fd < 0) return errno;
-  const int code = writeWhole(fd, line);
-  ::close(fd);
-  return code;
 }
 
 }  // namespace varnock::jsonLines

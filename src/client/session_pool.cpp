@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "client/session_pool.h"
 
-#include <pthread.h>
-#include <unistd.h>
-
 #include <atomic>
 #include <condition_variable>
 #include <cstdlib>
@@ -18,6 +15,7 @@
 #include "automation/text.h"
 #include "client/provider.h"
 #include "client/statement_kind.h"
+#include "platform/process.h"
 #include "varnock/automation_error.h"
 
 namespace varnock::client {
@@ -266,7 +264,7 @@ SessionPool& SessionPool::instance() {
   static std::once_flag made;
   std::call_once(made, [] {
     currentPool.store(new SessionPool(nullptr, kDefaultIdleTimeout));
-    pthread_atfork(nullptr, nullptr, forked);
+    platform::whenForked(forked);
     std::atexit([] { currentPool.load()->closeIdle(true); });
   });
   return *currentPool.load();

@@ -2,10 +2,10 @@
 // The JSON Lines back ends: a file, appended to by every process that names
 // it, and standard error. Each entry is one write(2) of one whole line, so
 // entries from concurrent writers never interleave.
-#include <unistd.h>
 
 #include "automation/json_lines.h"
 #include "eventLog/backends.h"
+#include "platform/files.h"
 
 namespace varnock::eventLog {
 
@@ -17,7 +17,7 @@ class FileBackend final : public Backend {
 
   // Opened per entry, as the event source is registered per entry: nothing
   // is held between writes, and a rotated file is picked up at once.
-  int write(const Entry& entry) override { return jsonLines::appendToFile(path_, jsonLine(entry)); }
+  int write(const Entry& entry) override { return platform::appendLine(path_, jsonLine(entry)); }
   std::string describe() const override { return "file:" + path_; }
 
  private:
@@ -26,9 +26,7 @@ class FileBackend final : public Backend {
 
 class StderrBackend final : public Backend {
  public:
-  int write(const Entry& entry) override {
-    return jsonLines::writeWhole(STDERR_FILENO, jsonLine(entry));
-  }
+  int write(const Entry& entry) override { return platform::writeStandardError(jsonLine(entry)); }
   std::string describe() const override { return "stderr"; }
 };
 

@@ -7,6 +7,7 @@
 #include <mutex>
 
 #include "automation/json_lines.h"
+#include "platform/files.h"
 #include "varnock/sql_trace.h"
 
 namespace varnock::sql {
@@ -52,7 +53,7 @@ void traceStatement(std::string_view statement, std::string_view error,
   line += error.empty() ? ",\"ok\":true" : ",\"ok\":false,\"error\":";
   if (!error.empty()) jsonLines::appendString(line, error);
   line += ",\"elapsed_us\":" + std::to_string(elapsed.count()) + "}\n";
-  static_cast<void>(jsonLines::appendToFile(*path, line));
+  static_cast<void>(platform::appendLine(*path, line));
 }
 
 }  // namespace varnock::sql

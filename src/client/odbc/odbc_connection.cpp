@@ -93,7 +93,7 @@ OdbcConnection::OdbcConnection(const OdbcLogin& login, std::string source)
   // Taken before the driver opens the file: a file replaced meanwhile is
   // then seen as replaced, never the other way round.
   std::optional<std::string> file = sqliteFileOf(login);
-  if (file) file_ = fileIdentity(*file);
+  if (file) file_ = platform::fileIdentity(*file);
   session_ = std::make_unique<OdbcSession>(login, source_);
   if (session_->dialect().kind != "SQLite") file_.reset();
   sqliteFile_ = session_->dialect().kind == "SQLite" ? std::move(file) : std::nullopt;
@@ -120,7 +120,7 @@ std::unique_ptr<Recordset> OdbcConnection::execute(std::string_view statement) {
 
 bool OdbcConnection::current() noexcept {
   if (!session_) return false;
-  if (sqliteFile_ && (!file_ || fileIdentity(*sqliteFile_) != file_)) return false;
+  if (sqliteFile_ && (!file_ || platform::fileIdentity(*sqliteFile_) != file_)) return false;
   if (!session_->answers()) return false;
   // A register made, or its schema forgotten, since this session last served.
   try {

@@ -11,9 +11,9 @@
 
 #include "client/client.h"
 #include "client/dialect/register_schema.h"
-#include "client/file_identity.h"
 #include "client/odbc/odbc_session.h"
 #include "client/provider.h"
+#include "platform/files.h"
 
 namespace varnock::client::odbc {
 
@@ -34,9 +34,9 @@ class OdbcConnection final : public Session {
  private:
   std::unique_ptr<OdbcSession> session_;
   std::string source_;
-  std::string connectionString_;           // the driver's
-  std::optional<std::string> sqliteFile_;  // an SQLite register's file (Database=)
-  std::optional<FileIdentity> file_;       // which file that was at open
+  std::string connectionString_;                // the driver's
+  std::optional<std::string> sqliteFile_;       // an SQLite register's file (Database=)
+  std::optional<platform::FileIdentity> file_;  // which file that was at open
   // Shared with the other connections to the same connection string.
   std::shared_ptr<const dialect::RegisterSchema> schema_;
 };

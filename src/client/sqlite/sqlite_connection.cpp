@@ -127,7 +127,7 @@ DatabaseHandle openDatabase(const std::string& dataSource) {
 
 SqliteConnection::SqliteConnection(const std::string& path)
     : path_(path),
-      identity_(fileIdentity(asPath(path))),
+      identity_(platform::fileIdentity(asPath(path))),
       failuresSeen_(damagedSessions.load(std::memory_order_relaxed)) {
   DatabaseHandle db = openDatabase(path);
   schemaVersion_ = schemaVersion(db.get());
@@ -261,7 +261,8 @@ bool SqliteConnection::reusable() noexcept {
 }
 
 bool SqliteConnection::current() noexcept {
-  if (!statements_ || !identity_ || fileIdentity(asPath(path_)) != identity_) return false;
+  if (!statements_ || !identity_ || platform::fileIdentity(asPath(path_)) != identity_)
+    return false;
   // Opening a register reads it, and so recovers what a failed write left
   // (a hot journal). Once a session of this process has met such a failure,
   // a kept session reads before it serves, so that the recovery, and any

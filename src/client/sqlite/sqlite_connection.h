@@ -21,9 +21,9 @@
 #include "automation/text.h"
 #include "client/dialect/parameterised_statement.h"
 #include "client/dialect/register_schema.h"
-#include "client/file_identity.h"
 #include "client/provider.h"
 #include "client/sqlite/statement_cache.h"
+#include "platform/files.h"
 
 namespace varnock::client::sqlite {
 
@@ -54,7 +54,7 @@ class SqliteConnection final : public Session {
   void followSchemaChange(PreparedStatement& ran);
 
   std::string path_;
-  std::optional<FileIdentity> identity_;  // of the file opened
+  std::optional<platform::FileIdentity> identity_;  // of the file opened
   std::shared_ptr<StatementCache> statements_;
   std::shared_ptr<const dialect::RegisterSchema> schema_;  // as the database declares it
   long long schemaVersion_ = 0;                            // of schema_
