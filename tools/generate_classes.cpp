@@ -212,7 +212,7 @@ std::string classHeader(const Table& t) {
       out << "#include \"varnock/" << fileStem(r.other) << ".h\"\n";
     }
   }
-  out << "\nnamespace VARNOCK_PUBLIC varnock {\n\n"
+  out << "\nVARNOCK_PUBLIC_BEGIN\nnamespace varnock {\n\n"
       << "class " << t.name << " final : public Record {\n"
       << " public:\n"
       << "  " << t.name << "() : Record(\"" << t.name << "\") {}\n";
@@ -221,7 +221,7 @@ std::string classHeader(const Table& t) {
   out << "\n";
   for (const Signature& s : methodsOf(t))
     declare(out, s);
-  out << "};\n\n}  // namespace varnock\n";
+  out << "};\n\n}  // namespace varnock\nVARNOCK_PUBLIC_END\n";
   return out.str();
 }
 

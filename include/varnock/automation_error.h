@@ -20,7 +20,8 @@
 
 #include "varnock/export.h"
 
-namespace VARNOCK_PUBLIC varnock {
+VARNOCK_PUBLIC_BEGIN
+namespace varnock {
 
 class AutomationError : public std::exception {
  public:
@@ -62,3 +63,4 @@ class AutomationError : public std::exception {
 };
 
 }  // namespace varnock
+VARNOCK_PUBLIC_END

@@ -20,7 +20,8 @@
 #include "varnock/export.h"
 #include "varnock/variant.h"
 
-namespace VARNOCK_PUBLIC varnock {
+VARNOCK_PUBLIC_BEGIN
+namespace varnock {
 
 class Collection final : public Object {
  public:
@@ -44,3 +45,4 @@ class Collection final : public Object {
 };
 
 }  // namespace varnock
+VARNOCK_PUBLIC_END

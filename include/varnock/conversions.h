@@ -23,7 +23,8 @@
 #include "varnock/export.h"
 #include "varnock/variant.h"
 
-namespace VARNOCK_PUBLIC varnock {
+VARNOCK_PUBLIC_BEGIN
+namespace varnock {
 
 // The ordinary text form: "True"/"False", plain decimal integers, doubles with
 // up to 15 significant digits ("1E-05", "1.5E+20"), dates as "5/4/2000 1:45:00
@@ -64,3 +65,4 @@ bool equalsIgnoringCase(std::string_view a, std::string_view b) noexcept;
 std::string jsonQuoted(std::string_view text);
 
 }  // namespace varnock
+VARNOCK_PUBLIC_END

@@ -22,7 +22,8 @@
 #include "varnock/export.h"
 #include "varnock/variant.h"
 
-namespace VARNOCK_PUBLIC varnock {
+VARNOCK_PUBLIC_BEGIN
+namespace varnock {
 
 class KeyedContainer : public Object {
  public:
@@ -66,3 +67,4 @@ class Dictionary final : public KeyedContainer {
 };
 
 }  // namespace varnock
+VARNOCK_PUBLIC_END

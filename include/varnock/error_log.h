@@ -15,7 +15,8 @@
 #include "varnock/record.h"
 #include "varnock/variant.h"
 
-namespace VARNOCK_PUBLIC varnock {
+VARNOCK_PUBLIC_BEGIN
+namespace varnock {
 
 class ErrorLog final : public Record {
  public:
@@ -62,3 +63,4 @@ class ErrorLog final : public Record {
 };
 
 }  // namespace varnock
+VARNOCK_PUBLIC_END

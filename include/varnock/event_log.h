@@ -23,7 +23,8 @@
 
 #include "varnock/export.h"
 
-namespace VARNOCK_PUBLIC varnock {
+VARNOCK_PUBLIC_BEGIN
+namespace varnock {
 
 // Selects the back end. An unknown name raises AutomationError 5, and so
 // does "journal" in a build without the systemd journal.
@@ -34,3 +35,4 @@ void setEventLog(std::string_view setting);
 std::string currentEventLog();
 
 }  // namespace varnock
+VARNOCK_PUBLIC_END

@@ -15,7 +15,8 @@
 #include "varnock/record.h"
 #include "varnock/variant.h"
 
-namespace VARNOCK_PUBLIC varnock {
+VARNOCK_PUBLIC_BEGIN
+namespace varnock {
 
 class GroupCode final : public Record {
  public:
@@ -61,3 +62,4 @@ class GroupCode final : public Record {
 };
 
 }  // namespace varnock
+VARNOCK_PUBLIC_END

@@ -17,7 +17,8 @@
 #include "varnock/user.h"
 #include "varnock/variant.h"
 
-namespace VARNOCK_PUBLIC varnock {
+VARNOCK_PUBLIC_BEGIN
+namespace varnock {
 
 class GroupMember final : public Record {
  public:
@@ -56,3 +57,4 @@ class GroupMember final : public Record {
 };
 
 }  // namespace varnock
+VARNOCK_PUBLIC_END

@@ -23,7 +23,8 @@
 #include "varnock/export.h"
 #include "varnock/record.h"
 
-namespace VARNOCK_PUBLIC varnock {
+VARNOCK_PUBLIC_BEGIN
+namespace varnock {
 
 // Invoke kinds, combinable as a script host combines them (a call written
 // without parentheses arrives as method | property get).
@@ -123,3 +124,4 @@ struct MemberDescription {
 std::vector<MemberDescription> members(std::string_view className);
 
 }  // namespace varnock
+VARNOCK_PUBLIC_END

@@ -15,7 +15,8 @@
 #include "varnock/record.h"
 #include "varnock/variant.h"
 
-namespace VARNOCK_PUBLIC varnock {
+VARNOCK_PUBLIC_BEGIN
+namespace varnock {
 
 class LogFile final : public Record {
  public:
@@ -58,3 +59,4 @@ class LogFile final : public Record {
 };
 
 }  // namespace varnock
+VARNOCK_PUBLIC_END

@@ -31,7 +31,8 @@ struct Table;
 class RecordInternal;
 }  // namespace varnock
 
-namespace VARNOCK_PUBLIC varnock {
+VARNOCK_PUBLIC_BEGIN
+namespace varnock {
 
 class Record : public Object {
  public:
@@ -91,3 +92,4 @@ class Record : public Object {
 };
 
 }  // namespace varnock
+VARNOCK_PUBLIC_END

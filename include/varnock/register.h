@@ -19,7 +19,8 @@
 
 #include "varnock/export.h"
 
-namespace VARNOCK_PUBLIC varnock {
+VARNOCK_PUBLIC_BEGIN
+namespace varnock {
 
 // Creates the register file at `path` and returns the connection string that
 // opens it, registerConnectionString(path). Never writes over an existing
@@ -73,3 +74,4 @@ std::vector<CopiedTable> copyRegister(const std::string& from, const std::string
                                       const CopyOptions& options = {});
 
 }  // namespace varnock
+VARNOCK_PUBLIC_END

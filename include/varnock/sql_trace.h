@@ -12,7 +12,8 @@
 
 #include "varnock/export.h"
 
-namespace VARNOCK_PUBLIC varnock {
+VARNOCK_PUBLIC_BEGIN
+namespace varnock {
 
 // Appends entries to `path` from now on; the empty path switches it off.
 void setSqlTrace(const std::string& path);
@@ -21,3 +22,4 @@ void setSqlTrace(const std::string& path);
 std::string sqlTrace();
 
 }  // namespace varnock
+VARNOCK_PUBLIC_END

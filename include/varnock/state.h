@@ -15,7 +15,8 @@
 #include "varnock/record.h"
 #include "varnock/variant.h"
 
-namespace VARNOCK_PUBLIC varnock {
+VARNOCK_PUBLIC_BEGIN
+namespace varnock {
 
 class State final : public Record {
  public:
@@ -46,3 +47,4 @@ class State final : public Record {
 };
 
 }  // namespace varnock
+VARNOCK_PUBLIC_END

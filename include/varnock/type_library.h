@@ -9,8 +9,10 @@
 
 #include "varnock/export.h"
 
-namespace VARNOCK_PUBLIC varnock {
+VARNOCK_PUBLIC_BEGIN
+namespace varnock {
 
 std::string typeLibraryText();
 
 }  // namespace varnock
+VARNOCK_PUBLIC_END

@@ -15,7 +15,8 @@
 #include "varnock/record.h"
 #include "varnock/variant.h"
 
-namespace VARNOCK_PUBLIC varnock {
+VARNOCK_PUBLIC_BEGIN
+namespace varnock {
 
 class User final : public Record {
  public:
@@ -123,3 +124,4 @@ class User final : public Record {
 };
 
 }  // namespace varnock
+VARNOCK_PUBLIC_END

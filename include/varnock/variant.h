@@ -20,7 +20,8 @@
 
 #include "varnock/export.h"
 
-namespace VARNOCK_PUBLIC varnock {
+VARNOCK_PUBLIC_BEGIN
+namespace varnock {
 
 // Base of everything a Variant can refer to: record objects, Dictionary and
 // Collection. Objects are shared by reference, as automation objects are.
@@ -144,3 +145,4 @@ class Variant {
 };
 
 }  // namespace varnock
+VARNOCK_PUBLIC_END

@@ -15,7 +15,8 @@
 #include "varnock/record.h"
 #include "varnock/variant.h"
 
-namespace VARNOCK_PUBLIC varnock {
+VARNOCK_PUBLIC_BEGIN
+namespace varnock {
 
 class Zone final : public Record {
  public:
@@ -60,3 +61,4 @@ class Zone final : public Record {
 };
 
 }  // namespace varnock
+VARNOCK_PUBLIC_END

@@ -17,7 +17,8 @@
 #include "varnock/variant.h"
 #include "varnock/zone.h"
 
-namespace VARNOCK_PUBLIC varnock {
+VARNOCK_PUBLIC_BEGIN
+namespace varnock {
 
 class ZoneAddress final : public Record {
  public:
@@ -64,3 +65,4 @@ class ZoneAddress final : public Record {
 };
 
 }  // namespace varnock
+VARNOCK_PUBLIC_END

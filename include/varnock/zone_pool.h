@@ -16,7 +16,8 @@
 #include "varnock/variant.h"
 #include "varnock/zone.h"
 
-namespace VARNOCK_PUBLIC varnock {
+VARNOCK_PUBLIC_BEGIN
+namespace varnock {
 
 class ZonePool final : public Record {
  public:
@@ -52,3 +53,4 @@ class ZonePool final : public Record {
 };
 
 }  // namespace varnock
+VARNOCK_PUBLIC_END

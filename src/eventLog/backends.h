@@ -5,10 +5,21 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "eventLog/event_log.h"
 
 namespace varnock::eventLog {
+
+// The system's own logs, by their setEventLog names: "syslog" and "journal"
+// on Linux, "eventlog" (the Windows event log) on Windows. nullptr for
+// another name, or for a log this build cannot write to.
+std::shared_ptr<Backend> makeSystemBackend(std::string_view setting);
+bool isSystemBackendName(std::string_view setting);
+// "syslog, journal" or "eventlog", for messages.
+extern const char* const kSystemBackendNames;
+// Where entries go without a setting.
+std::shared_ptr<Backend> makeDefaultBackend();
 
 // The local syslog daemon's socket.
 inline constexpr const char* kSyslogSocket = "/dev/log";

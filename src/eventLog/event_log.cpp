@@ -32,19 +32,16 @@ std::shared_ptr<Backend>& installedBackend() {
 [[noreturn]] void invalidSetting(std::string_view setting, std::string_view why) {
   throw AutomationError(AutomationError::kInvalidProcedureCall,
                         "Event log back end '" + std::string(setting) + "' " + std::string(why) +
-                            "; expected syslog, journal, file:PATH or stderr",
+                            "; expected " + kSystemBackendNames + ", file:PATH or stderr",
                         "Event Log Component");
 }
 
 }  // namespace
 
 std::shared_ptr<Backend> makeBackend(std::string_view setting) {
-  if (setting == "syslog") return makeSyslogBackend();
   if (setting == "stderr") return makeStderrBackend();
-  if (setting == "journal") {
-    if (auto journal = makeJournalBackend()) return journal;
-    invalidSetting(setting, "is not available in this build");
-  }
+  if (auto system = makeSystemBackend(setting)) return system;
+  if (isSystemBackendName(setting)) invalidSetting(setting, "is not available in this build");
   if (setting.starts_with("file:")) {
     if (setting.size() == 5) invalidSetting(setting, "names no file");
     return makeFileBackend(std::string(setting.substr(5)));
@@ -67,9 +64,7 @@ std::shared_ptr<Backend> currentBackend() {
     if (setting != nullptr && *setting != '\0') {
       backend = makeBackend(setting);
     } else {
-      // Entries go to syslog where a daemon listens, and are never lost
-      // where none does (a container): they go to standard error instead.
-      backend = syslogListens() ? makeSyslogBackend() : makeStderrBackend();
+      backend = makeDefaultBackend();
     }
   }
   return backend;

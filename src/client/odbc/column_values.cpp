@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "client/odbc/column_values.h"
 
-#include <sqlext.h>
-#include <sqlucode.h>
-
 #include <cstdint>
 #include <limits>
 #include <optional>
 
 #include "client/dialect/declared_types.h"
 #include "client/dialect/stored_dates.h"
+#include "client/odbc/odbc_api.h"
 #include "client/odbc/odbc_errors.h"
 #include "client/odbc/wide_text.h"
 

@@ -8,11 +8,10 @@
 // holding text is a Date, a "bit" column a Boolean.
 #pragma once
 
-#include <sql.h>
-
 #include <string>
 #include <vector>
 
+#include "client/odbc/odbc_api.h"
 #include "varnock/variant.h"
 
 namespace varnock::client::odbc {

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "client/odbc/installed_drivers.h"
 
-#include <sqlext.h>
-#include <sqlucode.h>
-
 #include <string_view>
 
 #include "automation/text.h"
+#include "client/odbc/odbc_api.h"
 #include "client/odbc/odbc_handles.h"
 #include "client/odbc/wide_text.h"
 

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "client/odbc/odbc_errors.h"
 
-#include <sqlext.h>
-#include <sqlucode.h>
-
 #include <utility>
 
 #include "client/client.h"
+#include "client/odbc/odbc_api.h"
 #include "client/odbc/wide_text.h"
 
 namespace varnock::client::odbc {

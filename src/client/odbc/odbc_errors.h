@@ -9,13 +9,12 @@
 // it.
 #pragma once
 
-#include <sql.h>
-
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "client/odbc/odbc_api.h"
 #include "varnock/automation_error.h"
 
 namespace varnock::client::odbc {

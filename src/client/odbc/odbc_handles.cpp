@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "client/odbc/odbc_handles.h"
 
-#include <sqlext.h>
-
 #include <mutex>
 #include <utility>
 
 #include "client/client.h"
+#include "client/odbc/odbc_api.h"
 #include "client/odbc/odbc_errors.h"
 
 namespace varnock::client::odbc {

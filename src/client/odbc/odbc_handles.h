@@ -6,10 +6,10 @@
 // alive for that reason.
 #pragma once
 
-#include <sql.h>
-
 #include <memory>
 #include <string>
+
+#include "client/odbc/odbc_api.h"
 
 namespace varnock::client::odbc {
 

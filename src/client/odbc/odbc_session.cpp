@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "client/odbc/odbc_session.h"
 
-#include <sqlext.h>
-#include <sqlucode.h>
-
 #include <cstdint>
 #include <limits>
 #include <optional>
 #include <utility>
 
 #include "client/odbc/column_values.h"
+#include "client/odbc/odbc_api.h"
 #include "client/odbc/odbc_errors.h"
 #include "client/odbc/wide_text.h"
 #include "client/statement_kind.h"
