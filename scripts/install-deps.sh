@@ -17,9 +17,10 @@ packages=(
   # Packaging: the .deb (dpkg-shlibdeps), its manual page, pip install from
   # the checkout into a virtual environment.
   dpkg-dev man-db python3-venv python3-pip python3-setuptools python3-wheel
-  # The core built for Windows and run under Wine (64-bit only; Wine's
-  # odbc32 hands on to libodbc2).
-  g++-mingw-w64-x86-64-posix wine wine64 libodbc2
+  # Varnock.dll and the core built for Windows, run under Wine (64-bit only;
+  # Wine's odbc32 hands on to libodbc2; widl from mingw-w64-tools reads the
+  # IDL files of libwine-dev).
+  g++-mingw-w64-x86-64-posix mingw-w64-tools libwine-dev wine wine64 libodbc2
 )
 missing=()
 for p in "${packages[@]}"; do

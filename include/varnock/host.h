@@ -49,11 +49,13 @@ inline constexpr std::int32_t kCannotCreateObject = 429;
 // A new, initialised record object; an unknown name raises error 429.
 std::shared_ptr<Record> CreateObject(std::string_view progIdOrClassId);
 
-// One creatable class: "User", "Varnock.User" and its class identifier.
+// One creatable class: "User", "Varnock.User", its class identifier and the
+// identifier of its dual interface ("_User").
 struct ClassDescription {
   std::string name;
   std::string progId;
   std::string classId;
+  std::string interfaceId;
 };
 
 // Every class, in the type library's order.

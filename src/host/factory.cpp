@@ -109,7 +109,8 @@ std::shared_ptr<Record> CreateObject(std::string_view progIdOrClassId) {
 std::vector<ClassDescription> classes() {
   std::vector<ClassDescription> described;
   for (const catalogue::Table& t : catalogue::tables())
-    described.push_back({std::string(t.name), t.progId, std::string(t.classId)});
+    described.push_back(
+        {std::string(t.name), t.progId, std::string(t.classId), std::string(t.interfaceId)});
   return described;
 }
 

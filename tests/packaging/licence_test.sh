@@ -19,5 +19,5 @@ done < <(find include src tests bench fuzz tools python examples scripts cmake .
   \( -name '*.cpp' -o -name '*.h' -o -name '*.py' -o -name '*.pyi' -o -name '*.sh' \
   -o -name '*.cmake' -o -name 'CMakeLists.txt' -o -name '*.in' -o -name '*.map' \
   -o -name '*.toml' -o -name '*.dict' -o -name 'Makefile' -o -name '*.vbs' -o -name '*.js' \
-  -o -name '*.idl' -o -name '*.rc' -o -name '*.def' -o -path '.ci/*' \) -print0 2>/dev/null)
+  -o -name '*.rc' -o -name '*.def' -o -path '.ci/*' \) -print0 2>/dev/null)
 exit $missing
