@@ -12,6 +12,7 @@
 
 #include "com_object.h"
 #include "dispatch_objects.h"
+#include "dual_interface.h"
 #include "own_object.h"
 #include "variants.h"
 #include "varnock/host.h"
@@ -37,7 +38,8 @@ class RecordDispatch final : public ComObject<IDispatch>,
                              public ISupportErrorInfo,
                              public IOwnObject {
  public:
-  explicit RecordDispatch(std::shared_ptr<Record> record) : record_(std::move(record)) {}
+  explicit RecordDispatch(std::shared_ptr<Record> record)
+      : record_(std::move(record)), interface_(interfaceOf(*record_)) {}
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID riid, void** out) override {
     if (out == nullptr) return E_POINTER;
@@ -48,6 +50,11 @@ class RecordDispatch final : public ComObject<IDispatch>,
       *out = static_cast<ISupportErrorInfo*>(this);
     } else if (riid == IID_IOwnObject) {
       *out = static_cast<IOwnObject*>(this);
+    } else if (riid == interface_ &&
+               (dual_.functions != nullptr ||
+                bindDualInterface(dual_, static_cast<IDispatch*>(this), riid))) {
+      // The class's own interface, for callers bound to the type library.
+      *out = &dual_;
     } else {
       return E_NOINTERFACE;
     }
@@ -58,7 +65,7 @@ class RecordDispatch final : public ComObject<IDispatch>,
   ULONG STDMETHODCALLTYPE Release() override { return ComObject<IDispatch>::Release(); }
 
   HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID riid) override {
-    return riid == IID_IDispatch || riid == interfaceOf(*record_) ? S_OK : S_FALSE;
+    return riid == IID_IDispatch || riid == interface_ ? S_OK : S_FALSE;
   }
 
   std::shared_ptr<Object> object() override { return record_; }
@@ -75,7 +82,7 @@ class RecordDispatch final : public ComObject<IDispatch>,
     if (index != 0) return DISP_E_BADINDEX;
     ITypeLib* library = typeLibrary();
     if (library == nullptr) return TYPE_E_CANTLOADLIBRARY;
-    return library->GetTypeInfoOfGuid(interfaceOf(*record_), info);
+    return library->GetTypeInfoOfGuid(interface_, info);
   }
 
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
@@ -160,6 +167,8 @@ class RecordDispatch final : public ComObject<IDispatch>,
 
  private:
   std::shared_ptr<Record> record_;
+  const IID interface_;
+  DualInterface dual_;
 };
 
 }  // namespace
